@@ -35,15 +35,15 @@ public:
     MessagePattern &current(ProcessPattern &process)
     {
         if (m_generation != process.generation.load(std::memory_order_acquire))
-            copy(process);
+            fetch(process);
         return *m_pattern;
     }
 
 private:
-    void copy(ProcessPattern &process)
+    void fetch(ProcessPattern &process)
     {
         const std::lock_guard lock(process.mutex);
-        m_pattern = process.pattern;
+        m_pattern = MessagePattern(process.pattern);
         m_generation = process.generation;
     }
 
