@@ -132,11 +132,9 @@ public:
     virtual QList<TranslationStringType> translatableStrings(const QString &languageCode) const;
 
 protected:
-    //! Adds the text in languageCode to the table unless it is blank or already there with the
-    //! same comment.
+    //! Adds the text in the list's language unless it is blank or there with the same comment.
     static void addTranslatableStringToList(TranslationTable &list,
-                                            const TranslationStringType &text,
-                                            const QString &languageCode);
+                                            const TranslationStringType &text);
 
 private:
     friend class PluginUtils;

@@ -7,6 +7,7 @@ class QJsonValue;
 namespace NARV::INTERNAL {
 
 class MetaDataFaults;
+class ObjectReader;
 
 //! Reads what all plugins have in common: the "MetaData" object and the translation files.
 class ZPPLUGIN_EXPORT PluginUtils
@@ -35,6 +36,9 @@ private:
     static bool infoFromMetaDataParseTranslatableString(
         const QJsonValue &value, const QString &languageCode, const TranslationTable &translations,
         PluginMetaInformation::TranslationStringType &result, bool trim, bool mustNotBeEmpty);
+    static QStringList readTranslation(ObjectReader &in);
+    static void importTranslations(ObjectReader &in, const QString &id, const QStringList &codes,
+                                   TranslationTable &translations);
     static bool isValidLanguageCode(const QString &code);
     static const char *errorToString(int code);
 };

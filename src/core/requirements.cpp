@@ -11,8 +11,8 @@ static bool isDigit(QChar c)
 
 static bool isIdentifierCharacter(QChar c)
 {
-    return isDigit(c) || (c >= QLatin1Char('a') && c <= QLatin1Char('z'))
-        || (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) || c == QLatin1Char('_');
+    return isDigit(c) || (c >= QLatin1Char('a') && c <= QLatin1Char('z')) ||
+           (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) || c == QLatin1Char('_');
 }
 
 bool isIdentifier(QStringView text)
@@ -42,10 +42,7 @@ public:
     QStringView constant();
 
 private:
-    bool lookingAt(QLatin1String piece) const
-    {
-        return m_text.mid(m_position).startsWith(piece);
-    }
+    bool lookingAt(QLatin1String piece) const { return m_text.mid(m_position).startsWith(piece); }
     QStringView oneOf(std::initializer_list<QLatin1String> pieces);
     QStringView takeWhile(bool (*belongs)(QChar));
 
@@ -87,7 +84,12 @@ QStringView RequirementsScanner::constant()
 }
 
 //! Reads one term and tells whether another one has to follow.
-enum class TermResult { Last, Joined, Malformed };
+enum class TermResult
+{
+    Last,
+    Joined,
+    Malformed
+};
 
 TermResult readTerm(RequirementsScanner &scanner, RequirementsTerm &term)
 {

@@ -13,7 +13,7 @@ struct RequirementsTerm
 {
     QStringView fieldId;
     QStringView comparison; //!< "==", "<", ">", or empty for a field id alone
-    QStringView constant; //!< empty without a comparison
+    QStringView constant;   //!< empty without a comparison
 };
 
 //! Reads a requirements text such as "visible && level > 3" in one pass.

@@ -39,8 +39,8 @@ void TranslationStringType::clear()
 
 bool TranslationStringType::operator==(const TranslationStringType &other) const
 {
-    return m_translations == other.m_translations && m_comment == other.m_comment
-        && m_fallbackLanguage == other.m_fallbackLanguage;
+    return m_translations == other.m_translations && m_comment == other.m_comment &&
+           m_fallbackLanguage == other.m_fallbackLanguage;
 }
 
 } // namespace NARV::INTERNAL

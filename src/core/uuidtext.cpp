@@ -31,8 +31,8 @@ bool isPlainUuidText(QStringView text)
 
 bool isUuidText(QStringView text)
 {
-    const bool braced = text.size() == bracedLength && text.front() == QLatin1Char('{')
-        && text.back() == QLatin1Char('}');
+    const bool braced = text.size() == bracedLength && text.front() == QLatin1Char('{') &&
+                        text.back() == QLatin1Char('}');
     return isPlainUuidText(braced ? text.mid(1, plainLength) : text);
 }
 

@@ -186,7 +186,6 @@ public:
         bool hasFontLabels() const;
 
     private:
-        friend class WidgetLibraryPluginUtils;
         friend class FieldDescriptionReader;
 
         QSharedDataPointer<FieldMetaInformationData> d;

@@ -5,6 +5,8 @@
 namespace NARV::INTERNAL {
 
 class MetaDataFaults;
+struct DescriptionContext;
+struct JsonPath;
 
 //! Reads widget libraries' descriptions, and writes and reads the text form of field values.
 //!
@@ -46,11 +48,12 @@ public:
 private:
     friend class FieldDescriptionReader;
     friend class MetaDataChecker;
-    friend class WidgetDescriptionReader;
 
     static int metaInformationFromMetaData(const QJsonObject &metaData,
                                            WidgetLibraryPluginMetaInformation &info,
                                            MetaDataFaults &faults);
+    static int infoFromMetaDataParseWidget(const QJsonValue &value, WidgetMetaInformation &widget,
+                                           const JsonPath &path, DescriptionContext &context);
     static QFont defaultFont();
     static bool fontFamilyIsValid(const QString &family);
     static bool infoFromMetaDataParseFontObject(const QJsonObject &object, QFont &font);

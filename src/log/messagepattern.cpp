@@ -1,0 +1,152 @@
+#include "messagepattern_p.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QThread>
+
+#include <algorithm>
+#include <cstring>
+
+namespace NARV::INTERNAL {
+
+static void appendUtf8(const char *text, const char *fallback, QString &out)
+{
+    const QLatin1String chars(text ? text : fallback);
+    const bool isAscii =
+        std::all_of(chars.begin(), chars.end(), [](char c) { return uchar(c) < 0x80; });
+    if (isAscii)
+        out += chars;
+    else
+        out += QString::fromUtf8(text);
+}
+
+static QLatin1String typeName(QtMsgType type)
+{
+    static constexpr QLatin1String names[] = {
+        QLatin1String("DEBUG"), QLatin1String("WARNING"), QLatin1String("CRITICAL"),
+        QLatin1String("FATAL"), QLatin1String("INFO"),
+    };
+    return uint(type) < std::size(names) ? names[type] : QLatin1String();
+}
+
+static bool hasCategory(const LogRecord &record)
+{
+    return record.context.category && std::strcmp(record.context.category, "default") != 0;
+}
+
+//! A field, which appends its text, or a condition on the tokens that follow.
+struct MessagePattern::Placeholder
+{
+    QLatin1String text;
+    void (*append)(const LogRecord &r, QString &out);
+    bool (*isMet)(const LogRecord &r);
+};
+
+const MessagePattern::Placeholder MessagePattern::placeholders[] = {
+    // clang-format off
+    {QLatin1String("%{TYPE}"),        [](const LogRecord &r, QString &out) { out += typeName(r.type); }, nullptr},
+    {QLatin1String("%{CATEGORY}"),    [](const LogRecord &r, QString &out) { appendUtf8(r.context.category, "", out); }, nullptr},
+    {QLatin1String("%{MESSAGE}"),     [](const LogRecord &r, QString &out) { out += r.text; }, nullptr},
+    {QLatin1String("%{FILE}"),        [](const LogRecord &r, QString &out) { appendUtf8(r.context.file, "unknown", out); }, nullptr},
+    {QLatin1String("%{LINE}"),        [](const LogRecord &r, QString &out) { out += QString::number(r.context.line); }, nullptr},
+    {QLatin1String("%{FUNCTION}"),    [](const LogRecord &r, QString &out) { appendUtf8(r.context.function, "unknown", out); }, nullptr},
+    {QLatin1String("%{PID}"),         [](const LogRecord &, QString &out) { out += QString::number(QCoreApplication::applicationPid()); }, nullptr},
+    {QLatin1String("%{THREAD}"),      [](const LogRecord &, QString &out) { out += QString::number(quintptr(QThread::currentThreadId())); }, nullptr},
+    {QLatin1String("%{IF-NOT-INFO}"), nullptr, [](const LogRecord &r) { return r.type != QtInfoMsg; }},
+    {QLatin1String("%{IF-CATEGORY}"), nullptr, hasCategory},
+    {QLatin1String("%{IF-DEBUG}"),    nullptr, [](const LogRecord &r) { return r.type == QtDebugMsg; }},
+    {QLatin1String("%{IF-INFO}"),     nullptr, [](const LogRecord &r) { return r.type == QtInfoMsg; }},
+    {QLatin1String("%{IF-WARNING}"),  nullptr, [](const LogRecord &r) { return r.type == QtWarningMsg; }},
+    {QLatin1String("%{IF-CRITICAL}"), nullptr, [](const LogRecord &r) { return r.type == QtCriticalMsg; }},
+    {QLatin1String("%{ENDIF}"),       nullptr, [](const LogRecord &) { return true; }},
+    // clang-format on
+};
+
+const MessagePattern::Placeholder &MessagePattern::endIf =
+    placeholders[std::size(placeholders) - 1];
+
+MessagePattern::MessagePattern(const QString &pattern)
+{
+    int from = 0;
+    for (;;) {
+        const int open = pattern.indexOf(QLatin1String("%{"), from);
+        const int close = open < 0 ? -1 : pattern.indexOf(QLatin1Char('}'), open);
+        if (close < 0)
+            break;
+        addLiteral(pattern.mid(from, open - from));
+        addPlaceholder(pattern.mid(open, close + 1 - open));
+        from = close + 1;
+    }
+    addLiteral(pattern.mid(from)); // an unclosed placeholder is text like any other
+}
+
+void MessagePattern::addLiteral(const QString &text)
+{
+    if (text.isEmpty())
+        return;
+    Token token;
+    token.text = text;
+    m_tokens.push_back(token);
+}
+
+void MessagePattern::addPlaceholder(const QString &text)
+{
+    if (text.startsWith(QLatin1String("%{TIME")))
+        return addTime(text);
+    const auto known = std::find_if(std::begin(placeholders), std::end(placeholders),
+                                    [&](const auto &entry) { return text == entry.text; });
+    if (known == std::end(placeholders))
+        return; // prints nothing
+    Token token;
+    token.placeholder = known;
+    m_tokens.push_back(token);
+}
+
+void MessagePattern::addTime(const QString &placeholder)
+{
+    Token token;
+    token.isTime = true;
+    const int blank = placeholder.indexOf(QLatin1Char(' '));
+    if (blank >= 0)
+        token.timeFormat = placeholder.mid(blank + 1).chopped(1);
+    m_tokens.push_back(token);
+}
+
+// Making a time text costs more than all the rest of a record, so it is kept for as long as the
+// clock shows the same. It is made anew from the clock each time that changes: no summer time and
+// no set clock can make it wrong for longer.
+void MessagePattern::updateTime(Token &token, qint64 now)
+{
+    const bool showsMilliseconds = token.timeFormat.contains(QLatin1Char('z'));
+    const qint64 instant = showsMilliseconds ? now : now / 1000;
+    if (token.shown == instant)
+        return;
+    const QDateTime time = QDateTime::fromMSecsSinceEpoch(now);
+    token.text =
+        token.timeFormat.isEmpty() ? time.toString(Qt::ISODate) : time.toString(token.timeFormat);
+    token.shown = instant;
+}
+
+QString MessagePattern::format(const LogRecord &record)
+{
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    QString out;
+    out.reserve(record.text.size() + 100);
+    bool skip = false;
+    for (Token &token : m_tokens) {
+        const Placeholder *placeholder = token.placeholder;
+        if (skip && placeholder != &endIf)
+            continue;
+        if (token.isTime)
+            updateTime(token, now);
+        if (!placeholder)
+            out += token.text;
+        else if (placeholder->append)
+            placeholder->append(record, out);
+        else
+            skip = !placeholder->isMet(record);
+    }
+    return out;
+}
+
+} // namespace NARV::INTERNAL
