@@ -77,10 +77,10 @@ void tst_Requirements::acceptsWhatTheGrammarAccepts()
         R"(|true|false){1}){0,1}(?: ){0,1}(?:&&|\|\|){1}(?: ){0,1})*(?:(?:[a-zA-Z\d_]+)+(?: ){0,1})"
         R"((?:(?:==|<|>){1}(?: ){0,1}(?:[\+-]{0,1}[\d]+|[\d]+\.[\d]+|true|false){1}){0,1}){1}\z)"));
     QVERIFY(grammar.isValid());
-    const QStringList pieces{QStringLiteral("a"),  QStringLiteral("b_2"), QStringLiteral(" "),
-                             QStringLiteral("=="), QStringLiteral("<"),   QStringLiteral(">"),
-                             QStringLiteral("&&"), QStringLiteral("||"),  QStringLiteral("7"),
-                             QStringLiteral("-"),  QStringLiteral("+"),   QStringLiteral("."),
+    const QStringList pieces{QStringLiteral("a"),   QStringLiteral("b_2"), QStringLiteral(" "),
+                             QStringLiteral("=="),  QStringLiteral("<"),   QStringLiteral(">"),
+                             QStringLiteral("&&"),  QStringLiteral("||"),  QStringLiteral("7"),
+                             QStringLiteral("-"),   QStringLiteral("+"),   QStringLiteral("."),
                              QStringLiteral("true")};
     QRandomGenerator random(20261);
     int accepted = 0;
