@@ -131,6 +131,6 @@ void BarItem::drawLimits(QPainter &painter, const QRectF &track)
 {
     QRectF strip = track;
     strip = isUpright() ? takeRight(strip, limitsWidth) : takeBottom(strip, limitsWidth);
-    for (const Limits::Band &band : limits().bands(scale()))
+    for (const ValueLimits::Band &band : limits().bands(scale()))
         painter.fillRect(segment(strip, band.from, band.to), band.color);
 }

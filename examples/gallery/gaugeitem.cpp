@@ -65,7 +65,7 @@ void GaugeItem::drawFace(QPainter &painter, const Dial &dial)
 void GaugeItem::drawLimits(QPainter &painter, const Dial &dial)
 {
     painter.setBrush(Qt::NoBrush);
-    for (const Limits::Band &band : limits().bands(scale())) {
+    for (const ValueLimits::Band &band : limits().bands(scale())) {
         painter.setPen(QPen(band.color, dial.radius() * limitsWidth, Qt::SolidLine, Qt::FlatCap));
         painter.drawPath(dial.arc(band.from, band.to, limitsRing));
     }

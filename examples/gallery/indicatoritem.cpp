@@ -12,9 +12,9 @@ QVector<Scale::Tick> IndicatorItem::ticks()
     return scale().ticks(integer("divisions"), integer("subdivisions"));
 }
 
-Limits IndicatorItem::limits()
+ValueLimits IndicatorItem::limits()
 {
-    Limits limits;
+    ValueLimits limits;
     limits.lowAlarm = number("lowAlarm");
     limits.lowWarning = number("lowWarning");
     limits.highWarning = number("highWarning");

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "galleryitem.h"
-#include "limits.h"
 #include "scale.h"
+#include "valuelimits.h"
 
 //! An item that shows a process value with limits: the fields "value", "unit", "decimals" and those
 //! of the limits.
@@ -18,7 +18,7 @@ protected:
     Scale scale();
     //! The ticks of the fields "divisions" and "subdivisions".
     QVector<Scale::Tick> ticks();
-    Limits limits();
+    ValueLimits limits();
     //! The colour in which the value is to be shown: normal unless it is beyond a limit.
     QColor stateColor(const QColor &normal);
     //! The value with its unit.

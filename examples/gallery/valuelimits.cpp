@@ -1,8 +1,8 @@
-#include "limits.h"
+#include "valuelimits.h"
 
 #include "scale.h"
 
-QColor Limits::colorOf(double value, const QColor &normal) const
+QColor ValueLimits::colorOf(double value, const QColor &normal) const
 {
     if (!areShown)
         return normal;
@@ -11,7 +11,7 @@ QColor Limits::colorOf(double value, const QColor &normal) const
     return value <= lowWarning || value >= highWarning ? warningColor : normal;
 }
 
-QVector<Limits::Band> Limits::bands(const Scale &scale) const
+QVector<ValueLimits::Band> ValueLimits::bands(const Scale &scale) const
 {
     if (!areShown)
         return {};

@@ -6,7 +6,7 @@
 class Scale;
 
 //! Warning and alarm limits of a process value.
-struct Limits
+struct ValueLimits
 {
     //! A part of a scale, as fractions of its length.
     struct Band
