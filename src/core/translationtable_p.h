@@ -11,7 +11,7 @@ namespace NARV::INTERNAL {
 //! Translatable texts in order, found by their text in one language and their comment.
 //!
 //! Where several entries have the same text and comment, the first one is found.
-class TranslationTable
+class ZPPLUGIN_EXPORT TranslationTable
 {
 public:
     using TranslationStringType = PluginMetaInformation::TranslationStringType;
