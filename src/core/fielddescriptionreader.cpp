@@ -1,0 +1,451 @@
+#include "core/fielddescriptionreader_p.h"
+
+#include "core/jsonnumbers_p.h"
+#include "core/metadataerrors_p.h"
+#include "core/requirements_p.h"
+#include "core/widgetlibrarypluginutils.h"
+
+#include <QColor>
+
+#include <iterator>
+
+namespace NARV::INTERNAL {
+
+using Key = QLatin1String;
+using Library = WidgetLibraryPluginMetaInformation;
+
+static const Key defaultValueKey("defaultValue");
+static const Key optionsKey("options");
+static const Key tagCanBeAttachedKey("tagCanBeAttached");
+
+template<typename Number>
+static Number number(const QJsonValue &value);
+
+template<>
+int number<int>(const QJsonValue &value)
+{
+    return toInt(value);
+}
+
+template<>
+double number<double>(const QJsonValue &value)
+{
+    return value.toDouble();
+}
+
+FieldDescriptionReader::FieldDescriptionReader(const QJsonObject &object, const JsonPath &path,
+                                               DescriptionContext &context)
+    : m_in(object, path, context)
+{
+}
+
+const FieldDescriptionReader::TypeRules &FieldDescriptionReader::typeRules(FieldType type)
+{
+    using R = FieldDescriptionReader;
+    // In the order of the field types.
+    static constexpr TypeRules rules[] = {
+        {nullptr, nullptr}, // Undefined
+        {&R::readDefaultString, &R::infoFromMetaDataParseStringFieldCommon},
+        {&R::readDefaultStringList, &R::infoFromMetaDataParseStringFieldCommon},
+        {&R::readDefaultStringMap, &R::infoFromMetaDataParseStringFieldCommon},
+        {&R::readDefaultInteger, &R::readBounds<int>},
+        {&R::readDefaultDouble, &R::readBounds<double>},
+        {&R::readDefaultBool, nullptr},
+        {&R::readDefaultInteger, &R::readOptions}, // Option
+        {&R::readDefaultColor, nullptr},
+        {&R::readDefaultFont, nullptr},
+        {nullptr, nullptr}, // Image
+        {nullptr, &R::readTagRules},
+        {nullptr, nullptr}, // Trend
+    };
+    static_assert(std::size(rules) == FieldType::Trend + 1);
+    return rules[type];
+}
+
+Library::FieldMetaInformation FieldDescriptionReader::infoFromMetaDataParseField()
+{
+    readId();
+    readType();
+    m_in.requiredText(Key("display"), MetaDataError::FieldDisplayMissing,
+                      MetaDataError::FieldDisplayInvalid, m_field.display, ObjectReader::AsWritten);
+    m_in.text(Key("description"), MetaDataError::FieldDescriptionInvalid, m_field.description,
+              ObjectReader::AsWritten);
+    readTagCanBeAttached();
+    infoFromMetaDataParseStringFieldIsMultiLanguage();
+    readDefaultValue();
+    m_in.flag(Key("readOnly"), MetaDataError::FieldReadOnlyInvalid, m_field.readOnly);
+    m_in.text(Key("group"), MetaDataError::FieldGroupInvalid, m_field.group,
+              ObjectReader::AsWritten);
+    m_in.flag(Key("private"), MetaDataError::FieldPrivateInvalid, m_field.isPrivate);
+    readRequirements();
+    readRest();
+
+    FieldMetaInformation field;
+    m_field.isValid = true;
+    field.d = new FieldMetaInformationData(std::move(m_field));
+    return field;
+}
+
+void FieldDescriptionReader::readId()
+{
+    m_in.required(Key("id"), MetaDataError::FieldIdMissing, MetaDataError::FieldIdInvalid,
+                  [&](const QJsonValue &value) {
+                      m_field.id = value.toString();
+                      return isIdentifier(m_field.id);
+                  });
+}
+
+void FieldDescriptionReader::readType()
+{
+    m_in.required(Key("type"), MetaDataError::FieldTypeMissing, MetaDataError::FieldTypeInvalid,
+                  [&](const QJsonValue &value) {
+                      m_field.type = Library::fieldTypeFromString(value.toString());
+                      return m_field.type != FieldType::Undefined;
+                  });
+}
+
+QString FieldDescriptionReader::refusal(const char *text) const
+{
+    return QStringLiteral("An error occurred reading field '%1': you can not specify %2")
+        .arg(m_field.id, QLatin1String(text));
+}
+
+// A tag field always takes a tag, a trend field never does.
+void FieldDescriptionReader::readTagCanBeAttached()
+{
+    if (m_field.type == FieldType::Trend && m_in.contains(tagCanBeAttachedKey)) {
+        m_in.fail(MetaDataError::FieldTagCanBeAttachedInvalid, tagCanBeAttachedKey,
+                  refusal("tagCanBeAttached for trend field"));
+        return;
+    }
+    m_field.tagCanBeAttached = m_field.type == FieldType::Tag;
+    const bool isGiven = m_in.flag(tagCanBeAttachedKey, MetaDataError::FieldTagCanBeAttachedInvalid,
+                                   m_field.tagCanBeAttached);
+    if (isGiven && m_field.type == FieldType::Tag && !m_field.tagCanBeAttached)
+        m_in.fail(MetaDataError::FieldTagCanBeAttachedInvalid, tagCanBeAttachedKey,
+                  refusal("tagCanBeAttached as 'false' for tag field"));
+}
+
+bool FieldDescriptionReader::isText() const
+{
+    return m_field.type == FieldType::String || m_field.type == FieldType::StringList ||
+           m_field.type == FieldType::StringMap;
+}
+
+void FieldDescriptionReader::infoFromMetaDataParseStringFieldIsMultiLanguage()
+{
+    if (isText())
+        m_in.flag(Key("multiLanguage"), MetaDataError::FieldMultiLanguageInvalid,
+                  m_field.isMultiLanguage);
+}
+
+//! The value of a field whose description gives none.
+static QVariant neutralValue(Library::FieldType type, bool isMultiLanguage, const QFont &font)
+{
+    using TranslationStringType = PluginMetaInformation::TranslationStringType;
+    switch (type) {
+    case Library::FieldType::String:
+        return isMultiLanguage ? QVariant::fromValue(TranslationStringType()) : QString();
+    case Library::FieldType::StringList:
+        return isMultiLanguage ? QVariant::fromValue(QList<TranslationStringType>())
+                               : QStringList();
+    case Library::FieldType::StringMap:
+        return isMultiLanguage ? QVariant::fromValue(QMap<int, TranslationStringType>())
+                               : QVariant::fromValue(QMap<int, QString>());
+    case Library::FieldType::Integer:
+    case Library::FieldType::Option:
+        return 0;
+    case Library::FieldType::Double:
+        return 0.0;
+    case Library::FieldType::Bool:
+        return false;
+    case Library::FieldType::Color:
+        return QColor(Qt::black);
+    case Library::FieldType::Font:
+        return font;
+    default:
+        return {};
+    }
+}
+
+void FieldDescriptionReader::readDefaultValue()
+{
+    if (m_field.type == FieldType::Undefined)
+        return;
+    const DefaultValueReader read = typeRules(m_field.type).readDefaultValue;
+    const bool isGiven = m_in.optional(
+        defaultValueKey, MetaDataError::FieldDefaultValueInvalid, [&](const QJsonValue &value) {
+            if (read)
+                return (this->*read)(value);
+            // Of the types that take no default value, two say so.
+            if (m_field.type == FieldType::Image)
+                return false;
+            m_in.fail(MetaDataError::FieldDefaultValueInvalid, defaultValueKey,
+                      refusal(m_field.type == FieldType::Tag ? "defaultValue for tag field"
+                                                             : "defaultValue for trend field"));
+            return true;
+        });
+    if (!isGiven)
+        m_field.defaultValue = neutralValue(m_field.type, m_field.isMultiLanguage,
+                                            WidgetLibraryPluginUtils::defaultFont());
+}
+
+bool FieldDescriptionReader::readText(const QJsonValue &value, QString &out) const
+{
+    out = value.toString();
+    return value.isString();
+}
+
+bool FieldDescriptionReader::readText(const QJsonValue &value, TranslationStringType &out) const
+{
+    return m_in.readText(value, out, ObjectReader::AsWritten);
+}
+
+bool FieldDescriptionReader::readDefaultString(const QJsonValue &value)
+{
+    if (!m_field.isMultiLanguage) {
+        m_field.defaultValue = value.toString();
+        return value.isString();
+    }
+    TranslationStringType text;
+    const bool ok = readText(value, text);
+    m_field.defaultValue = QVariant::fromValue(text);
+    return ok;
+}
+
+bool FieldDescriptionReader::readDefaultStringList(const QJsonValue &value)
+{
+    return m_field.isMultiLanguage ? readTextList<TranslationStringType>(value)
+                                   : readTextList<QString>(value);
+}
+
+bool FieldDescriptionReader::readDefaultStringMap(const QJsonValue &value)
+{
+    return m_field.isMultiLanguage ? readTextMap<TranslationStringType>(value)
+                                   : readTextMap<QString>(value);
+}
+
+static QVariant toVariant(const QList<QString> &texts)
+{
+    return QStringList(texts);
+}
+
+template<typename Texts>
+static QVariant toVariant(const Texts &texts)
+{
+    return QVariant::fromValue(texts);
+}
+
+template<typename Text>
+bool FieldDescriptionReader::readTextList(const QJsonValue &value)
+{
+    QList<Text> texts;
+    m_in.takeElements(defaultValueKey, value.toArray(), MetaDataError::FieldDefaultValueInvalid,
+                      [&](const QJsonValue &element, int) {
+                          Text text;
+                          const bool ok = readText(element, text);
+                          texts.append(std::move(text));
+                          return ok;
+                      });
+    m_field.defaultValue = toVariant(texts);
+    return value.isArray();
+}
+
+template<typename Text>
+bool FieldDescriptionReader::readTextMap(const QJsonValue &value)
+{
+    QMap<int, Text> texts;
+    m_in.takeElements(defaultValueKey, value.toArray(), MetaDataError::FieldDefaultValueInvalid,
+                      [&](const QJsonValue &element, int) {
+                          const QJsonObject entry = element.toObject();
+                          const QJsonValue id = entry.value(Key("id"));
+                          return id.isDouble() &&
+                                 readText(entry.value(Key("value")), texts[toInt(id)]);
+                      });
+    m_field.defaultValue = QVariant::fromValue(texts);
+    return value.isArray();
+}
+
+// Of an option field, too: the index of one of its options.
+bool FieldDescriptionReader::readDefaultInteger(const QJsonValue &value)
+{
+    m_field.defaultValue = toInt(value);
+    return value.isDouble();
+}
+
+bool FieldDescriptionReader::readDefaultDouble(const QJsonValue &value)
+{
+    m_field.defaultValue = value.toDouble();
+    return value.isDouble();
+}
+
+bool FieldDescriptionReader::readDefaultBool(const QJsonValue &value)
+{
+    m_field.defaultValue = value.toBool();
+    return value.isBool();
+}
+
+bool FieldDescriptionReader::readDefaultColor(const QJsonValue &value)
+{
+    m_field.defaultValue =
+        WidgetLibraryPluginUtils::fieldValueFromString(FieldType::Color, value.toString());
+    return value.isString();
+}
+
+bool FieldDescriptionReader::readDefaultFont(const QJsonValue &value)
+{
+    QFont font = WidgetLibraryPluginUtils::defaultFont();
+    const bool ok = value.isObject() && WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(
+                                            value.toObject(), font);
+    m_field.defaultValue = font;
+    return ok;
+}
+
+void FieldDescriptionReader::readRequirements()
+{
+    const auto take = [&](const QJsonValue &value) {
+        m_field.requirements = value.toString();
+        QVector<RequirementsTerm> terms;
+        const bool ok = INTERNAL::readRequirements(m_field.requirements, terms);
+        for (const RequirementsTerm &term : qAsConst(terms))
+            m_requirementsFieldIds.append(term.fieldId.toString());
+        return ok;
+    };
+    m_in.optional(Key("requirements"), MetaDataError::FieldRequirementsInvalid, take);
+}
+
+void FieldDescriptionReader::readRest()
+{
+    if (const auto read = typeRules(m_field.type).readRest)
+        (this->*read)();
+    if (m_field.type == FieldType::Font || (isText() && m_field.isMultiLanguage))
+        readFontLabels();
+}
+
+void FieldDescriptionReader::infoFromMetaDataParseStringFieldCommon()
+{
+    if (!m_field.isMultiLanguage)
+        return;
+    m_field.defaultFont = WidgetLibraryPluginUtils::defaultFont();
+    m_field.defaultFontSpecified = m_in.optional(
+        Key("defaultFont"), MetaDataError::FieldDefaultFontInvalid, [&](const QJsonValue &value) {
+            return value.isObject() && WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(
+                                           value.toObject(), m_field.defaultFont);
+        });
+}
+
+template<typename Number>
+void FieldDescriptionReader::readBounds()
+{
+    static const Key minimumKey("minimum");
+    const auto takeNumber = [](QVariant &bound) {
+        return [&bound](const QJsonValue &value) {
+            bound = number<Number>(value);
+            return value.isDouble();
+        };
+    };
+    const bool hasMinimum =
+        m_in.optional(minimumKey, MetaDataError::FieldMinimumInvalid, takeNumber(m_field.minimum));
+    const bool hasMaximum = m_in.optional(Key("maximum"), MetaDataError::FieldMaximumInvalid,
+                                          takeNumber(m_field.maximum));
+    const bool isInOrder = m_field.minimum.value<Number>() <= m_field.maximum.value<Number>();
+    if (hasMinimum && hasMaximum && !isInOrder)
+        m_in.fail(MetaDataError::FieldMinimumInvalid, minimumKey);
+}
+
+// The text of an option may be any text.
+void FieldDescriptionReader::readOptions()
+{
+    const auto takeOption = [&](const QJsonValue &value, int) {
+        const QJsonObject option = value.toObject();
+        const QJsonValue index = option.value(Key("index"));
+        const QJsonValue text = option.value(Key("option"));
+        m_field.options.append({toInt(index), text.toString()});
+        return index.isDouble() && text.isString();
+    };
+    m_in.required(optionsKey, MetaDataError::FieldOptionsInvalid,
+                  MetaDataError::FieldOptionsInvalid, [&](const QJsonValue &value) {
+                      return !value.toArray().isEmpty() &&
+                             m_in.takeElements(optionsKey, value.toArray(),
+                                               MetaDataError::FieldOptionsInvalid, takeOption);
+                  });
+    const int defaultIndex = m_field.defaultValue.toInt();
+    const bool isOption = std::any_of(
+        m_field.options.cbegin(), m_field.options.cend(),
+        [=](const QPair<int, QString> &option) { return option.first == defaultIndex; });
+    if (!m_field.options.isEmpty() && !isOption)
+        m_in.fail(MetaDataError::FieldDefaultValueInvalid, defaultValueKey);
+}
+
+void FieldDescriptionReader::readTagRules()
+{
+    m_in.elements(Key("tagAcceptedTypes"), MetaDataError::FieldTagAcceptedTypesInvalid,
+                  [&](const QJsonValue &value, int) {
+                      return value.isString() && addAcceptedType(value.toString());
+                  });
+    m_in.flag(Key("tagOnDemand"), MetaDataError::FieldTagOnDemandInvalid, m_field.tagOnDemand);
+}
+
+//! Adds the tag type of that name, or all types of the group of that name.
+bool FieldDescriptionReader::addAcceptedType(const QString &name)
+{
+    using T = Library::TagType;
+    struct Group
+    {
+        Key name;
+        QVector<Library::TagType> types;
+    };
+    static const Group groups[] = {
+        {Key("numeric"),
+         {T::Byte, T::Short, T::Int, T::UByte, T::UShort, T::UInt, T::UInt64, T::Int64, T::Float,
+          T::Double}},
+        {Key("signednumeric"), {T::Byte, T::Short, T::Int, T::Int64, T::Float, T::Double}},
+        {Key("unsignednumeric"), {T::UByte, T::UShort, T::UInt, T::UInt64}},
+        {Key("real"), {T::Float, T::Double}},
+        {Key("arraynumeric"),
+         {T::ArrayByte, T::ArrayShort, T::ArrayInt, T::ArrayUByte, T::ArrayUShort, T::ArrayUInt,
+          T::ArrayUInt64, T::ArrayInt64, T::ArrayFloat, T::ArrayDouble}},
+        {Key("arraysignednumeric"),
+         {T::ArrayByte, T::ArrayShort, T::ArrayInt, T::ArrayInt64, T::ArrayFloat, T::ArrayDouble}},
+        {Key("arrayunsignednumeric"),
+         {T::ArrayUByte, T::ArrayUShort, T::ArrayUInt, T::ArrayUInt64}},
+        {Key("arrayreal"), {T::ArrayFloat, T::ArrayDouble}},
+    };
+    if (const Library::TagType type = Library::tagTypeFromString(name)) {
+        m_field.tagAcceptedTypes.append(type);
+        return true;
+    }
+    for (const Group &group : groups) {
+        if (name != group.name)
+            continue;
+        m_field.tagAcceptedTypes += group.types;
+        return true;
+    }
+    return false;
+}
+
+void FieldDescriptionReader::readFontLabels()
+{
+    const struct
+    {
+        Key key;
+        int missing;
+        int invalid;
+        TranslationStringType &label;
+    } labels[] = {
+        {Key("displayFontFamily"), MetaDataError::FieldDisplayFontFamilyMissing,
+         MetaDataError::FieldDisplayFontFamilyInvalid, m_field.displayFontFamily},
+        {Key("displayFontSize"), MetaDataError::FieldDisplayFontSizeMissing,
+         MetaDataError::FieldDisplayFontSizeInvalid, m_field.displayFontSize},
+        {Key("displayFontBold"), MetaDataError::FieldDisplayFontBoldMissing,
+         MetaDataError::FieldDisplayFontBoldInvalid, m_field.displayFontBold},
+        {Key("displayFontStyle"), MetaDataError::FieldDisplayFontStyleMissing,
+         MetaDataError::FieldDisplayFontStyleInvalid, m_field.displayFontStyle},
+        {Key("displayFontUnderline"), MetaDataError::FieldDisplayFontUnderlineMissing,
+         MetaDataError::FieldDisplayFontUnderlineInvalid, m_field.displayFontUnderline},
+    };
+    for (const auto &row : labels)
+        m_in.requiredText(row.key, row.missing, row.invalid, row.label, ObjectReader::AsWritten);
+}
+
+} // namespace NARV::INTERNAL

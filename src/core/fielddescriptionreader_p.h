@@ -1,0 +1,75 @@
+#pragma once
+
+#include "core/fieldmetainformation_p.h"
+#include "core/objectreader_p.h"
+
+namespace NARV::INTERNAL {
+
+//! Reads the description of one field: one function a group of keys, called in the order in which
+//! faults are to be found.
+class FieldDescriptionReader
+{
+public:
+    using Library = WidgetLibraryPluginMetaInformation;
+    using FieldMetaInformation = Library::FieldMetaInformation;
+    using FieldType = Library::FieldType;
+    using TranslationStringType = PluginMetaInformation::TranslationStringType;
+
+    FieldDescriptionReader(const QJsonObject &object, const JsonPath &path,
+                           DescriptionContext &context);
+
+    //! Reads all keys. What is malformed ends up in the context's faults.
+    FieldMetaInformation infoFromMetaDataParseField();
+    //! The fields that the requirements name.
+    const QStringList &requirementsFieldIds() const { return m_requirementsFieldIds; }
+
+private:
+    using DefaultValueReader = bool (FieldDescriptionReader::*)(const QJsonValue &value);
+    //! What only fields of one type have.
+    struct TypeRules
+    {
+        DefaultValueReader readDefaultValue;        //!< null where a default value is refused
+        void (FieldDescriptionReader::*readRest)(); //!< null if there is nothing more
+    };
+    static const TypeRules &typeRules(FieldType type);
+
+    void readId();
+    void readType();
+    void readTagCanBeAttached();
+    void infoFromMetaDataParseStringFieldIsMultiLanguage();
+    void readDefaultValue();
+    void readRequirements();
+    void readRest();
+    void readFontLabels();
+
+    bool readDefaultString(const QJsonValue &value);
+    bool readDefaultStringList(const QJsonValue &value);
+    bool readDefaultStringMap(const QJsonValue &value);
+    bool readDefaultInteger(const QJsonValue &value);
+    bool readDefaultDouble(const QJsonValue &value);
+    bool readDefaultBool(const QJsonValue &value);
+    bool readDefaultColor(const QJsonValue &value);
+    bool readDefaultFont(const QJsonValue &value);
+    template<typename Text>
+    bool readTextList(const QJsonValue &value);
+    template<typename Text>
+    bool readTextMap(const QJsonValue &value);
+    bool readText(const QJsonValue &value, QString &out) const;
+    bool readText(const QJsonValue &value, TranslationStringType &out) const;
+
+    void infoFromMetaDataParseStringFieldCommon();
+    template<typename Number>
+    void readBounds();
+    void readOptions();
+    void readTagRules();
+    bool addAcceptedType(const QString &name);
+
+    bool isText() const;
+    QString refusal(const char *text) const;
+
+    ObjectReader m_in;
+    FieldMetaInformationData m_field;
+    QStringList m_requirementsFieldIds;
+};
+
+} // namespace NARV::INTERNAL

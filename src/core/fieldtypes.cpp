@@ -1,0 +1,68 @@
+#include "core/widgetlibrarypluginmetainformation.h"
+
+#include <iterator>
+
+namespace NARV::INTERNAL {
+
+using Library = WidgetLibraryPluginMetaInformation;
+
+// In the order of the enumerators; the first field type is Undefined, the first tag type Bool.
+static constexpr const char *fieldTypeNames[] = {
+    "undefined", "string", "stringList", "stringMap", "integer", "double", "bool",
+    "option",    "color",  "font",       "image",     "tag",     "trend"};
+static_assert(std::size(fieldTypeNames) == Library::FieldType::Trend + 1);
+
+static constexpr const char *tagTypeNames[] = {
+    "bool",      "byte",        "short",      "int",        "ubyte",      "ushort",
+    "uint",      "uint64",      "int64",      "float",      "double",     "string",
+    "arraybool", "arraybyte",   "arrayshort", "arrayint",   "arrayubyte", "arrayushort",
+    "arrayuint", "arrayuint64", "arrayint64", "arrayfloat", "arraydouble"};
+static_assert(std::size(tagTypeNames) == Library::TagType::ArrayDouble);
+
+//! The position of name in names from first on, or notFound.
+template<size_t size>
+static int indexOf(const QString &name, const char *const (&names)[size], int first, int notFound,
+                   Qt::CaseSensitivity caseSensitivity)
+{
+    for (int i = first; i < int(size); ++i) {
+        const QLatin1String candidate(names[i]);
+        if (candidate.size() == name.size() && name.compare(candidate, caseSensitivity) == 0)
+            return i;
+    }
+    return notFound;
+}
+
+template<size_t size>
+static QString nameAt(int index, const char *const (&names)[size])
+{
+    return index >= 0 && index < int(size) ? QString::fromLatin1(names[index]) : QString();
+}
+
+Library::FieldType Library::fieldTypeFromString(const QString &name)
+{
+    return indexOf(name, fieldTypeNames, FieldType::String, FieldType::Undefined,
+                   Qt::CaseInsensitive);
+}
+
+QString Library::fieldTypeToString(FieldType type)
+{
+    return nameAt(type, fieldTypeNames);
+}
+
+Library::TagType Library::tagTypeFromString(const QString &name)
+{
+    return indexOf(name, tagTypeNames, 0, -1, Qt::CaseSensitive) + 1;
+}
+
+QString Library::tagTypeToString(TagType type)
+{
+    return nameAt(type - 1, tagTypeNames);
+}
+
+bool Library::fieldTypeCanBeUsedInARequirementsExpression(FieldType type)
+{
+    return type == FieldType::Integer || type == FieldType::Double || type == FieldType::Bool ||
+           type == FieldType::Option;
+}
+
+} // namespace NARV::INTERNAL

@@ -1,0 +1,72 @@
+#pragma once
+
+namespace NARV::INTERNAL::MetaDataError {
+
+//! The codes of the metadata readers. Numbers and texts are part of the interface.
+enum Code : int
+{
+    None = 0,
+    Generic = 1, // never returned by the readers; for their callers
+    MetaDataMissing = 2,
+    MetaDataInvalid,
+    NameMissing,
+    NameInvalid,
+    IdMissing,
+    IdInvalid,
+    AuthorMissing,
+    AuthorInvalid,
+    VersionMissing,
+    VersionInvalid,
+    CopyrightInvalid,
+    DescriptionInvalid,
+    LicenseInvalid,
+    DefaultLanguageInvalid,
+    TranslationInvalid,
+    TranslationFileInvalid = 17,
+
+    WidgetsInvalid = 10000,
+    WidgetIdMissing,
+    WidgetIdInvalid,
+    WidgetDisplayInvalid,
+    WidgetDescriptionInvalid,
+    WidgetVersionMissing,
+    WidgetVersionInvalid,
+    WidgetDefaultSizeInvalid,
+    WidgetGalleryGroupNameInvalid,
+    WidgetShowInPageGalleryInvalid,
+    WidgetShowInProjectGalleryInvalid = 10010,
+    WidgetReceiveAlarmsEventsInvalid,
+    FieldsInvalid,
+    FieldIdMissing,
+    FieldIdInvalid,
+    FieldDisplayMissing,
+    FieldDisplayInvalid,
+    FieldDisplayFontFamilyMissing,
+    FieldDisplayFontFamilyInvalid,
+    FieldDisplayFontSizeMissing,
+    FieldDisplayFontSizeInvalid = 10020,
+    FieldDisplayFontBoldMissing,
+    FieldDisplayFontBoldInvalid,
+    FieldDisplayFontStyleMissing,
+    FieldDisplayFontStyleInvalid,
+    FieldDisplayFontUnderlineMissing,
+    FieldDisplayFontUnderlineInvalid,
+    FieldDescriptionInvalid,
+    FieldTypeMissing,
+    FieldTypeInvalid,
+    FieldTagCanBeAttachedInvalid = 10030,
+    FieldDefaultValueInvalid,
+    FieldReadOnlyInvalid,
+    FieldGroupInvalid,
+    FieldMinimumInvalid,
+    FieldMaximumInvalid,
+    FieldOptionsInvalid,
+    FieldPrivateInvalid,
+    FieldRequirementsInvalid,
+    FieldDefaultFontInvalid,
+    FieldMultiLanguageInvalid = 10040,
+    FieldTagAcceptedTypesInvalid,
+    FieldTagOnDemandInvalid = 10042
+};
+
+} // namespace NARV::INTERNAL::MetaDataError

@@ -1,0 +1,36 @@
+#include "core/objectreader_p.h"
+
+#include "core/pluginutils.h"
+
+namespace NARV::INTERNAL {
+
+bool ObjectReader::flag(QLatin1String key, int invalid, bool &out)
+{
+    return optional(key, invalid, [&](const QJsonValue &value) {
+        out = value.toBool();
+        return value.isBool();
+    });
+}
+
+bool ObjectReader::readText(const QJsonValue &value, TranslationStringType &out,
+                            TextRule rule) const
+{
+    return PluginUtils::infoFromMetaDataParseTranslatableString(
+        value, m_context.language, m_context.translations, out, rule != AsWritten,
+        rule == TrimmedNotEmpty);
+}
+
+bool ObjectReader::text(QLatin1String key, int invalid, TranslationStringType &out, TextRule rule)
+{
+    return optional(key, invalid,
+                    [&](const QJsonValue &value) { return readText(value, out, rule); });
+}
+
+bool ObjectReader::requiredText(QLatin1String key, int missing, int invalid,
+                                TranslationStringType &out, TextRule rule)
+{
+    return required(key, missing, invalid,
+                    [&](const QJsonValue &value) { return readText(value, out, rule); });
+}
+
+} // namespace NARV::INTERNAL

@@ -1,0 +1,119 @@
+#pragma once
+
+#include "core/metadatafaults_p.h"
+#include "core/translationtable_p.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace NARV::INTERNAL {
+
+//! What the readers of one plugin's descriptions share.
+struct DescriptionContext
+{
+    MetaDataFaults &faults;
+    QString language; //!< in which the metadata's own texts are written
+    const TranslationTable &translations;
+};
+
+//! Takes typed values out of one JSON object and reports those that are missing or malformed.
+//!
+//! Once the faults have stopped the reading, every call is without effect.
+class ObjectReader
+{
+public:
+    using TranslationStringType = PluginMetaInformation::TranslationStringType;
+
+    //! How a translatable text is read.
+    enum TextRule
+    {
+        AsWritten, //!< may be empty, blanks stay
+        Trimmed,   //!< may be empty
+        TrimmedNotEmpty
+    };
+
+    //! The object, path and context have to outlive the reader.
+    ObjectReader(const QJsonObject &object, const JsonPath &path, DescriptionContext &context)
+        : m_object(object)
+        , m_path(path)
+        , m_context(context)
+    {
+    }
+
+    bool contains(QLatin1String key) const { return m_object.contains(key); }
+
+    //! Hands the value under key, if there is one, to take(value); where that says false, the
+    //! value is reported as invalid. True when a value was taken.
+    template<typename Take>
+    bool optional(QLatin1String key, int invalid, Take take)
+    {
+        return takeValue(key, m_object.value(key), invalid, take);
+    }
+
+    //! The same, where a value that is not there is reported as missing.
+    template<typename Take>
+    bool required(QLatin1String key, int missing, int invalid, Take take)
+    {
+        const QJsonValue value = m_object.value(key);
+        if (value.isUndefined())
+            fail(missing, key);
+        return takeValue(key, value, invalid, take);
+    }
+
+    bool flag(QLatin1String key, int invalid, bool &out);
+    bool text(QLatin1String key, int invalid, TranslationStringType &out, TextRule rule);
+    bool requiredText(QLatin1String key, int missing, int invalid, TranslationStringType &out,
+                      TextRule rule);
+
+    //! Hands every element of the array under key, if there is one, to take(element, index); where
+    //! that says false, the element is reported as invalid, as is a value that is no array.
+    template<typename Take>
+    bool elements(QLatin1String key, int invalid, Take take)
+    {
+        return optional(key, invalid, [&](const QJsonValue &value) {
+            return value.isArray() && takeElements(key, value.toArray(), invalid, take);
+        });
+    }
+
+    template<typename Take>
+    bool takeElements(QLatin1String key, const QJsonArray &array, int invalid, Take take)
+    {
+        for (int i = 0; i < array.size() && !stopped(); ++i) {
+            if (!take(array.at(i), i))
+                fail(invalid, key, i);
+        }
+        return true;
+    }
+
+    bool readText(const QJsonValue &value, TranslationStringType &out, TextRule rule) const;
+
+    bool stopped() const { return m_context.faults.stopped(); }
+    JsonPath path(QLatin1String key, int index = -1) const { return {&m_path, key, index}; }
+    void fail(int code, QLatin1String key, int index = -1)
+    {
+        m_context.faults.add(code, path(key, index));
+    }
+    void fail(int code, QLatin1String key, const QString &message)
+    {
+        m_context.faults.add(code, path(key), message);
+    }
+    DescriptionContext &context() { return m_context; }
+
+private:
+    template<typename Take>
+    bool takeValue(QLatin1String key, const QJsonValue &value, int invalid, Take take)
+    {
+        if (value.isUndefined() || stopped())
+            return false;
+        if (take(value))
+            return true;
+        fail(invalid, key);
+        return false;
+    }
+
+    const QJsonObject &m_object;
+    const JsonPath &m_path;
+    DescriptionContext &m_context;
+};
+
+} // namespace NARV::INTERNAL

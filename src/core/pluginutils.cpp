@@ -1,0 +1,225 @@
+#include "core/pluginutils.h"
+
+#include "core/languages_p.h"
+#include "core/metadataerrors_p.h"
+#include "core/objectreader_p.h"
+#include "core/uuidtext_p.h"
+
+#include <QFileInfo>
+
+#include <iterator>
+
+namespace NARV::INTERNAL {
+
+using Key = QLatin1String;
+
+// In the order of the codes.
+static constexpr const char *errorTexts[] = {
+    "no error",
+    "Generig error",
+    "MetaData attribute not present",
+    "MetaData attribute not valid",
+    "MetaData/name attribute not present",
+    "MetaData/name attribute not valid",
+    "MetaData/id attribute not present",
+    "MetaData/id attribute not valid",
+    "MetaData/author attribute not present",
+    "MetaData/author attribute not valid",
+    "MetaData/version attribute not present",
+    "MetaData/version attribute not valid",
+    "MetaData/copyright attribute not valid",
+    "MetaData/description attribute not valid",
+    "MetaData/license attribute not valid",
+    "MetaData/defaultLanguage attribute is not valid",
+    "MetaData/translation attribute is not valid",
+    "Errore reading translation files",
+};
+static_assert(std::size(errorTexts) == MetaDataError::TranslationFileInvalid + 1);
+
+const char *PluginUtils::errorToString(int code)
+{
+    const bool isKnown = code >= 0 && code < int(std::size(errorTexts));
+    return isKnown ? errorTexts[code] : "error code undefined";
+}
+
+bool PluginUtils::isValidLanguageCode(const QString &code)
+{
+    static constexpr char ranges[][2] = {
+        {'a', 'z'}, {'a', 'z'}, {'-', '-'}, {'A', 'Z'}, {'A', 'Z'}};
+    if (code.size() != int(std::size(ranges)))
+        return false;
+    for (int i = 0; i < code.size(); ++i) {
+        if (code[i] < QLatin1Char(ranges[i][0]) || code[i] > QLatin1Char(ranges[i][1]))
+            return false;
+    }
+    return true;
+}
+
+bool PluginUtils::infoFromMetaDataParseTranslatableString(
+    const QJsonValue &value, const QString &languageCode, const TranslationTable &translations,
+    PluginMetaInformation::TranslationStringType &result, bool trim, bool mustNotBeEmpty)
+{
+    result.clear();
+    QString text;
+    QString comment;
+    if (value.isString()) {
+        text = value.toString();
+    } else if (value.isArray()) {
+        const QJsonArray pair = value.toArray();
+        if (pair.size() != 2 || !pair.at(0).isString() || !pair.at(1).isString())
+            return false;
+        text = pair.at(0).toString();
+        comment = pair.at(1).toString();
+    } else {
+        return false;
+    }
+    if (trim)
+        text = std::move(text).trimmed();
+    if (mustNotBeEmpty && text.isEmpty())
+        return false;
+    const auto *translated = translations.find(text, comment);
+    if (translated)
+        result = *translated;
+    else
+        result = PluginMetaInformation::TranslationStringType(languageCode, text, comment);
+    return true;
+}
+
+namespace {
+
+// Each function reads one key. What is malformed ends up in the reader's faults.
+
+QString readId(ObjectReader &in)
+{
+    QString id;
+    const bool isString = in.required(Key("id"), MetaDataError::IdMissing, MetaDataError::IdInvalid,
+                                      [&](const QJsonValue &value) {
+                                          id = value.toString();
+                                          return value.isString();
+                                      });
+    if (!isString || isPlainUuidText(id))
+        return id;
+    in.fail(MetaDataError::IdInvalid, Key("id"),
+            logText("id", id, "is invalid. Must be a valid UUIDv4"));
+    return {};
+}
+
+QString readDefaultLanguage(ObjectReader &in, bool (*isValid)(const QString &))
+{
+    static const Key key("defaultLanguage");
+    QString language = defaultLanguageCode();
+    in.optional(key, MetaDataError::DefaultLanguageInvalid, [&](const QJsonValue &value) {
+        const QString code = value.toString().trimmed();
+        if (isValid(code))
+            language = code;
+        else if (value.isString())
+            in.fail(MetaDataError::DefaultLanguageInvalid, key,
+                    logText("defaultLanguage", code, "is an invalid language code"));
+        return value.isString();
+    });
+    return language;
+}
+
+QString readString(ObjectReader &in, Key key, int missing, int invalid)
+{
+    QString text;
+    in.required(key, missing, invalid, [&](const QJsonValue &value) {
+        text = value.toString();
+        return value.isString();
+    });
+    return text;
+}
+
+PluginMetaInformation::VersionType readVersion(ObjectReader &in)
+{
+    static const Key key("version");
+    PluginMetaInformation::VersionType version;
+    in.required(key, MetaDataError::VersionMissing, MetaDataError::VersionInvalid,
+                [&](const QJsonValue &value) {
+                    version = PluginMetaInformation::VersionType(value.toString());
+                    if (value.isString() && !version.isValid())
+                        in.fail(MetaDataError::VersionInvalid, key,
+                                logText("version", value.toString(), "is invalid"));
+                    return value.isString();
+                });
+    return version;
+}
+
+} // namespace
+
+QStringList PluginUtils::readTranslation(ObjectReader &in)
+{
+    static const Key key("translation");
+    QStringList codes;
+    in.elements(key, MetaDataError::TranslationInvalid, [&](const QJsonValue &value, int index) {
+        const QString code = value.toString().trimmed();
+        if (isValidLanguageCode(code))
+            codes.append(code);
+        else if (value.isString())
+            in.context().faults.add(
+                MetaDataError::TranslationInvalid, in.path(key, index),
+                logText("translation contains the invalid language code", code));
+        return value.isString();
+    });
+    return codes;
+}
+
+// The id is a plain UUID and the code a language code, so neither can lead out of the resources.
+void PluginUtils::importTranslations(ObjectReader &in, const QString &id, const QStringList &codes,
+                                     TranslationTable &translations)
+{
+    for (int i = 0; i < codes.size() && !in.stopped() && !id.isEmpty(); ++i) {
+        const QString path =
+            QStringLiteral(":/%1/resources/translation/%2.csv").arg(id, codes.at(i));
+        if (!QFileInfo::exists(path) || translations.importFile(path, codes.at(i), true))
+            continue;
+        in.context().faults.add(MetaDataError::TranslationFileInvalid,
+                                in.path(Key("translation"), i),
+                                logText("Error reading the translation file", path));
+    }
+}
+
+int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMetaInformation &info,
+                                             QJsonObject &metaData, TranslationTable &translations,
+                                             MetaDataFaults &faults)
+{
+    info.clear();
+    const JsonPath path{nullptr, Key("MetaData")};
+    const QJsonValue value = json.value(path.key);
+    if (!value.isObject()) {
+        faults.add(value.isUndefined() ? MetaDataError::MetaDataMissing
+                                       : MetaDataError::MetaDataInvalid,
+                   path);
+        return faults.code();
+    }
+    metaData = value.toObject();
+
+    DescriptionContext context{faults, {}, translations};
+    ObjectReader in(metaData, path, context);
+    const QString id = readId(in);
+    faults.setPluginId(id);
+    const QStringList languages = readTranslation(in);
+    context.language = readDefaultLanguage(in, isValidLanguageCode);
+    translations = TranslationTable(context.language);
+    importTranslations(in, id, languages, translations);
+
+    PluginMetaInformation::TranslationStringType name;
+    PluginMetaInformation::TranslationStringType copyright;
+    PluginMetaInformation::TranslationStringType description;
+    PluginMetaInformation::TranslationStringType license;
+    in.requiredText(Key("name"), MetaDataError::NameMissing, MetaDataError::NameInvalid, name,
+                    ObjectReader::AsWritten);
+    const QString author =
+        readString(in, Key("author"), MetaDataError::AuthorMissing, MetaDataError::AuthorInvalid);
+    const PluginMetaInformation::VersionType version = readVersion(in);
+    in.text(Key("copyright"), MetaDataError::CopyrightInvalid, copyright, ObjectReader::AsWritten);
+    in.text(Key("description"), MetaDataError::DescriptionInvalid, description,
+            ObjectReader::AsWritten);
+    in.text(Key("license"), MetaDataError::LicenseInvalid, license, ObjectReader::AsWritten);
+    if (!faults.code())
+        info.init(name, id, author, version, copyright, description, license, context.language,
+                  languages);
+    return faults.code();
+}
+
+} // namespace NARV::INTERNAL

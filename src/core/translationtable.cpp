@@ -1,0 +1,142 @@
+#include "core/translationtable_p.h"
+
+#include "core/translationfile_p.h"
+
+namespace NARV::INTERNAL {
+
+TranslationTable::TranslationTable(const QString &languageCode,
+                                   QList<TranslationStringType> entries)
+    : m_languageCode(languageCode)
+    , m_entries(std::move(entries))
+{
+    index();
+}
+
+QList<PluginMetaInformation::TranslationStringType> TranslationTable::takeEntries()
+{
+    m_first.clear();
+    m_nextSame.clear();
+    return std::move(m_entries);
+}
+
+void TranslationTable::index()
+{
+    m_first.clear();
+    m_first.reserve(m_entries.size());
+    m_nextSame.fill(-1, m_entries.size());
+    for (int i = m_entries.size() - 1; i >= 0; --i) {
+        const TranslationStringType &entry = m_entries.at(i);
+        const Key key(entry.get(m_languageCode, false), entry.comment());
+        m_nextSame[i] = m_first.value(key, -1);
+        m_first.insert(key, i);
+    }
+}
+
+const PluginMetaInformation::TranslationStringType *
+TranslationTable::find(const QString &text, const QString &comment) const
+{
+    if (m_first.isEmpty())
+        return nullptr;
+    const auto it = m_first.constFind({text, comment});
+    return it == m_first.constEnd() ? nullptr : &m_entries.at(*it);
+}
+
+void TranslationTable::add(const QString &text, const QString &comment)
+{
+    const int next = m_entries.size();
+    const Key key(text, comment);
+    if (m_first.contains(key))
+        return;
+    m_first.insert(key, next);
+    m_nextSame.append(-1);
+    m_entries.append(TranslationStringType(m_languageCode, text, comment));
+}
+
+bool TranslationTable::importFile(const QString &filePath, const QString &languageCode,
+                                  bool addMissing)
+{
+    TranslationFile file(filePath);
+    if (!file.isOpen())
+        return false;
+    const int oldSize = m_entries.size();
+    QVector<Change> changes;
+    while (file.nextLine()) {
+        const TranslationFile::Fields fields = file.fields();
+        if (fields.count == 3 && importRow({fields.text(0), fields.text(1), fields.text(2)},
+                                           languageCode, addMissing, changes)) {
+            continue;
+        }
+        undo(changes, oldSize, languageCode);
+        return false;
+    }
+    return true;
+}
+
+bool TranslationTable::importRow(const Row &row, const QString &languageCode, bool addMissing,
+                                 QVector<Change> &changes)
+{
+    const int index = m_first.value({row.source, row.comment}, -1);
+    if (index >= 0)
+        return translate(index, row, languageCode, changes);
+    if (addMissing)
+        append(row, languageCode);
+    return true;
+}
+
+bool TranslationTable::translate(int index, const Row &row, const QString &languageCode,
+                                 QVector<Change> &changes)
+{
+    const TranslationStringType &entry = m_entries.at(index);
+    const QString text = entry.get(languageCode, false);
+    if (!text.isEmpty())
+        return text == row.translation;
+    changes.append({index, entry.contains(languageCode), text});
+    m_entries[index].set(languageCode, row.translation);
+    if (languageCode == m_languageCode && !row.translation.isEmpty())
+        rekey(index, row);
+    return true;
+}
+
+void TranslationTable::append(const Row &row, const QString &languageCode)
+{
+    TranslationStringType entry(m_languageCode, row.source, row.comment);
+    if (languageCode != m_languageCode)
+        entry.set(languageCode, row.translation);
+    m_first.insert({row.source, row.comment}, m_entries.size());
+    m_nextSame.append(-1);
+    m_entries.append(std::move(entry));
+}
+
+// An entry whose own text was empty has got one. Entries with a text never change it again, so of
+// two with the same key only the first one matters from now on.
+void TranslationTable::rekey(int index, const Row &row)
+{
+    const Key oldKey(row.source, row.comment);
+    if (m_nextSame.at(index) >= 0)
+        m_first.insert(oldKey, m_nextSame.at(index));
+    else
+        m_first.remove(oldKey);
+    const Key newKey(row.translation, row.comment);
+    const auto it = m_first.find(newKey);
+    if (it == m_first.end())
+        m_first.insert(newKey, index);
+    else
+        *it = qMin(*it, index);
+}
+
+void TranslationTable::undo(const QVector<Change> &changes, int oldSize,
+                            const QString &languageCode)
+{
+    m_entries.erase(m_entries.begin() + oldSize, m_entries.end());
+    for (auto change = changes.crbegin(); change != changes.crend(); ++change) {
+        if (change->index >= oldSize)
+            continue;
+        if (change->existed)
+            m_entries[change->index].set(languageCode, change->text);
+        else
+            m_entries[change->index].remove(languageCode);
+    }
+    index();
+}
+
+} // namespace NARV::INTERNAL

@@ -1,0 +1,146 @@
+#include "core/fielddescriptionreader_p.h"
+#include "core/languages_p.h"
+#include "core/metadataerrors_p.h"
+#include "core/objectreader_p.h"
+#include "core/requirements_p.h"
+#include "core/widgetlibrarypluginutils.h"
+
+namespace NARV::INTERNAL {
+
+using Key = QLatin1String;
+using Library = WidgetLibraryPluginMetaInformation;
+using TranslationStringType = PluginMetaInformation::TranslationStringType;
+
+static constexpr QSizeF defaultWidgetSize(100, 100);
+static const Key fieldsKey("fields");
+
+namespace {
+
+//! The fields of one widget, and which of them are named in whose requirements.
+class FieldsReader
+{
+public:
+    explicit FieldsReader(ObjectReader &in)
+        : m_in(in)
+    {
+    }
+
+    const QMap<QString, Library::FieldMetaInformation> &read();
+
+private:
+    bool readField(const QJsonValue &value, int index);
+    void checkRequirements();
+
+    struct Requirement
+    {
+        int field; //!< the position of the field that requires
+        QString requiredId;
+    };
+
+    ObjectReader &m_in;
+    QMap<QString, Library::FieldMetaInformation> m_fields;
+    QVector<Requirement> m_requirements;
+};
+
+const QMap<QString, Library::FieldMetaInformation> &FieldsReader::read()
+{
+    m_in.elements(fieldsKey, MetaDataError::FieldsInvalid,
+                  [&](const QJsonValue &value, int index) { return readField(value, index); });
+    checkRequirements();
+    return m_fields;
+}
+
+bool FieldsReader::readField(const QJsonValue &value, int index)
+{
+    if (!value.isObject())
+        return false;
+    const QJsonObject object = value.toObject();
+    const JsonPath path = m_in.path(fieldsKey, index);
+    FieldDescriptionReader reader(object, path, m_in.context());
+    const Library::FieldMetaInformation field = reader.infoFromMetaDataParseField();
+    if (m_in.stopped())
+        return true;
+    if (m_fields.contains(field.id())) {
+        m_in.context().faults.add(MetaDataError::FieldsInvalid, {&path, Key("id")});
+        return true;
+    }
+    m_fields.insert(field.id(), field);
+    for (const QString &id : reader.requirementsFieldIds())
+        m_requirements.append({index, id});
+    return true;
+}
+
+void FieldsReader::checkRequirements()
+{
+    for (const Requirement &requirement : qAsConst(m_requirements)) {
+        if (m_in.stopped())
+            return;
+        const auto required = m_fields.constFind(requirement.requiredId);
+        const bool exists = required != m_fields.constEnd();
+        // A field of unknown type has been reported for that.
+        if (exists && required->type() == Library::FieldType::Undefined)
+            continue;
+        if (exists && Library::fieldTypeCanBeUsedInARequirementsExpression(required->type()))
+            continue;
+        const JsonPath field = m_in.path(fieldsKey, requirement.field);
+        m_in.context().faults.add(MetaDataError::FieldRequirementsInvalid,
+                                  {&field, Key("requirements")});
+    }
+}
+
+} // namespace
+
+int WidgetLibraryPluginUtils::infoFromMetaDataParseWidget(const QJsonValue &value,
+                                                          WidgetMetaInformation &widget,
+                                                          const JsonPath &path,
+                                                          DescriptionContext &context)
+{
+    if (!value.isObject()) {
+        context.faults.add(MetaDataError::WidgetsInvalid, path);
+        return context.faults.code();
+    }
+    const QJsonObject object = value.toObject();
+    ObjectReader in(object, path, context);
+
+    QString id;
+    in.required(Key("id"), MetaDataError::WidgetIdMissing, MetaDataError::WidgetIdInvalid,
+                [&](const QJsonValue &text) {
+                    id = text.toString();
+                    return isIdentifier(id);
+                });
+    Library::VersionType version;
+    in.required(Key("version"), MetaDataError::WidgetVersionMissing,
+                MetaDataError::WidgetVersionInvalid, [&](const QJsonValue &text) {
+                    version = Library::VersionType(text.toString());
+                    return version.isValid();
+                });
+    TranslationStringType display;
+    display.set(defaultLanguageCode(), id);
+    in.text(Key("display"), MetaDataError::WidgetDisplayInvalid, display,
+            ObjectReader::TrimmedNotEmpty);
+    TranslationStringType description;
+    in.text(Key("description"), MetaDataError::WidgetDescriptionInvalid, description,
+            ObjectReader::Trimmed);
+    QSizeF size = defaultWidgetSize;
+    in.optional(Key("defaultSize"), MetaDataError::WidgetDefaultSizeInvalid,
+                [&](const QJsonValue &text) { return convertStringTo(text.toString(), size); });
+    TranslationStringType group;
+    in.text(Key("galleryGroupName"), MetaDataError::WidgetGalleryGroupNameInvalid, group,
+            ObjectReader::TrimmedNotEmpty);
+    bool showInPageGallery = true;
+    bool showInProjectGallery = false;
+    bool receiveAlarmsEvents = false;
+    in.flag(Key("showInPageGallery"), MetaDataError::WidgetShowInPageGalleryInvalid,
+            showInPageGallery);
+    in.flag(Key("showInProjectGallery"), MetaDataError::WidgetShowInProjectGalleryInvalid,
+            showInProjectGallery);
+    in.flag(Key("receiveAlarmsEvents"), MetaDataError::WidgetReceiveAlarmsEventsInvalid,
+            receiveAlarmsEvents);
+    FieldsReader fields(in);
+    widget =
+        WidgetMetaInformation(id, version, display, description, size, group, showInPageGallery,
+                              showInProjectGallery, receiveAlarmsEvents, fields.read());
+    return context.faults.code();
+}
+
+} // namespace NARV::INTERNAL

@@ -1,0 +1,151 @@
+#include "core/widgetlibrarypluginmetainformation.h"
+
+#include "core/translationtable_p.h"
+
+#include <QSet>
+
+namespace NARV::INTERNAL {
+
+using Library = WidgetLibraryPluginMetaInformation;
+using TranslationStringType = PluginMetaInformation::TranslationStringType;
+
+Library::WidgetLibraryPluginMetaInformation() = default;
+Library::WidgetLibraryPluginMetaInformation(const WidgetLibraryPluginMetaInformation &other) =
+    default;
+Library::WidgetLibraryPluginMetaInformation(WidgetLibraryPluginMetaInformation &&other) noexcept =
+    default;
+Library &Library::operator=(const WidgetLibraryPluginMetaInformation &other) = default;
+Library &Library::operator=(WidgetLibraryPluginMetaInformation &&other) noexcept = default;
+Library::~WidgetLibraryPluginMetaInformation() = default;
+
+static uint qHash(const TranslationStringType &text, uint seed)
+{
+    seed = ::qHash(text.comment(), seed);
+    for (const QString &translation : text.translations())
+        seed = ::qHash(translation, seed);
+    return seed;
+}
+
+namespace {
+
+//! Collects the distinct group names of one gallery in order of appearance.
+class GalleryGroups
+{
+public:
+    void add(const TranslationStringType &name)
+    {
+        if (name.isEmpty())
+            defaultGroupIsUsed = true;
+        else if (!m_seen.contains(name))
+            m_seen.insert(*names.insert(names.end(), name));
+    }
+
+    QList<TranslationStringType> names;
+    bool defaultGroupIsUsed = false;
+
+private:
+    QSet<TranslationStringType> m_seen;
+};
+
+} // namespace
+
+void Library::init(const WidgetMap &widgets)
+{
+    GalleryGroups page;
+    GalleryGroups project;
+    for (const WidgetMetaInformation &widget : widgets) {
+        if (widget.showInPageGallery())
+            page.add(widget.galleryGroupName());
+        if (widget.showInProjectGallery())
+            project.add(widget.galleryGroupName());
+    }
+    m_widgets = widgets;
+    m_pageWidgetsGalleryGroups = page.names;
+    m_projectWidgetsGalleryGroups = project.names;
+    m_pageWidgetsDefaultGalleryGroupIsUsed |= page.defaultGroupIsUsed;
+    m_projectWidgetsDefaultGalleryGroupIsUsed |= project.defaultGroupIsUsed;
+}
+
+// The gallery groups and the latest versions stay: the reader clears fresh records only.
+void Library::clear()
+{
+    PluginMetaInformation::clear();
+    m_widgets.clear();
+}
+
+const QMap<QString, Library::WidgetMetaInformation> &Library::widgetsLatestVersion() const
+{
+    if (!m_widgetsLatestVersion.isEmpty())
+        return m_widgetsLatestVersion;
+    for (const WidgetMetaInformation &widget : m_widgets) {
+        const auto latest = m_widgetsLatestVersion.constFind(widget.id());
+        if (latest == m_widgetsLatestVersion.constEnd() || widget.version() >= latest->version())
+            m_widgetsLatestVersion.insert(widget.id(), widget);
+    }
+    return m_widgetsLatestVersion;
+}
+
+const QList<TranslationStringType> &Library::pageWidgetsGalleryGroups() const
+{
+    return m_pageWidgetsGalleryGroups;
+}
+
+const QList<TranslationStringType> &Library::projectWidgetsGalleryGroups() const
+{
+    return m_projectWidgetsGalleryGroups;
+}
+
+bool Library::pageWidgetsDefaultGalleryGroupIsUsed() const
+{
+    return m_pageWidgetsDefaultGalleryGroupIsUsed;
+}
+
+bool Library::projectWidgetsDefaultGalleryGroupIsUsed() const
+{
+    return m_projectWidgetsDefaultGalleryGroupIsUsed;
+}
+
+//! The translatable texts of a multi-language default value, in order.
+static QList<TranslationStringType> defaultTexts(const Library::FieldMetaInformation &field)
+{
+    const QVariant &value = field.defaultValue();
+    switch (field.type()) {
+    case Library::FieldType::String:
+        return {value.value<TranslationStringType>()};
+    case Library::FieldType::StringList:
+        return value.value<QList<TranslationStringType>>();
+    case Library::FieldType::StringMap:
+        return value.value<QMap<int, TranslationStringType>>().values();
+    default:
+        return {};
+    }
+}
+
+static QVector<TranslationStringType> translatableTexts(const Library::FieldMetaInformation &field)
+{
+    QVector<TranslationStringType> texts{field.display(), field.description(), field.group()};
+    if (field.hasFontLabels()) {
+        texts << field.displayFontFamily() << field.displayFontSize() << field.displayFontBold()
+              << field.displayFontStyle() << field.displayFontUnderline();
+    }
+    if (field.isMultiLanguage())
+        texts += defaultTexts(field).toVector();
+    return texts;
+}
+
+QList<TranslationStringType> Library::translatableStrings(const QString &languageCode) const
+{
+    TranslationTable list(languageCode, PluginMetaInformation::translatableStrings(languageCode));
+    for (const WidgetMetaInformation &widget : m_widgets) {
+        for (const auto &text : {widget.display(), widget.description(), widget.galleryGroupName()})
+            addTranslatableStringToList(list, text);
+        for (const FieldMetaInformation &field : widget.fields()) {
+            const QVector<TranslationStringType> texts = translatableTexts(field);
+            for (const TranslationStringType &text : texts)
+                addTranslatableStringToList(list, text);
+        }
+    }
+    return list.takeEntries();
+}
+
+} // namespace NARV::INTERNAL

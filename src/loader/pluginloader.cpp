@@ -1,0 +1,291 @@
+#include "loader/pluginloader.h"
+
+#include "core/uuidtext_p.h"
+#include "loader/platform.h"
+#include "loader/widgetlibraryplugindata.h"
+
+#include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
+#include <NARV/INTERNAL/WidgetLibraryPluginUtils>
+#include <NARV/LogHandler>
+#include <NARV/WidgetLibraryPlugin>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QPluginLoader>
+
+#include <exception>
+
+namespace NARV::INTERNAL {
+
+static constexpr char generalCategory[] = "GENERAL";
+static constexpr char loadingCategory[] = "PLUGIN_LOADING";
+static const QLatin1String interfaceIdKey("IID");
+static const QLatin1String interfaceId("org.Mirt.NARV.WidgetLibrary");
+static constexpr double millisecondsPerNanosecond = 0.000001;
+
+class PluginLoaderPrivate
+{
+public:
+    bool inited = false;
+    QMap<QString, PluginData *> pluginData;
+};
+
+using Level = Debug (LogHandler::*)() const;
+
+static void log(Level level, const char *category, const QString &source, const QString &message)
+{
+    const LogHandler handler(source, nullptr, 0, nullptr, category);
+    (handler.*level)().debug().noquote() << message;
+}
+
+//! Reports why a library is not loaded; always false.
+static bool refuse(const QString &message)
+{
+    log(&LogHandler::critical, loadingCategory, {}, message);
+    return false;
+}
+
+//! Runs plugin code, which may throw what it likes. The text says what was thrown; null if nothing.
+template<typename Code>
+static QString exceptionOf(Code code)
+{
+    try {
+        code();
+    } catch (const std::exception &exception) {
+        return QStringLiteral("the plugin threw an exception: %1")
+            .arg(QString::fromLocal8Bit(exception.what()));
+    } catch (...) {
+        return QStringLiteral("the plugin threw an exception of unknown type");
+    }
+    return {};
+}
+
+namespace {
+
+//! A library on its way in. Unless somebody takes it, it is unloaded and unmapped in the end.
+class Library
+{
+public:
+    explicit Library(const QString &path)
+        : m_loader(new QPluginLoader(path))
+    {
+    }
+    Library(const Library &) = delete;
+    Library &operator=(const Library &) = delete;
+    ~Library()
+    {
+        if (m_loader && m_loader->isLoaded())
+            m_loader->unload();
+    }
+
+    QJsonObject metaData() const { return m_loader->metaData(); }
+    QPluginLoader *take() { return m_loader.release(); }
+
+    //! Loads the library and returns its root object; null, and why in error, if that fails.
+    QObject *instance(QString &error);
+
+private:
+    std::unique_ptr<QPluginLoader> m_loader;
+};
+
+QObject *Library::instance(QString &error)
+{
+    // By default a library stays mapped for good.
+    m_loader->setLoadHints({});
+    QObject *root = nullptr;
+    // load() counts this loader as a user of the library, which instance() does not do when
+    // another loader has it loaded already.
+    error = exceptionOf([&] {
+        if (m_loader->load())
+            root = m_loader->instance();
+    });
+    if (error.isNull())
+        error = m_loader->errorString();
+    return m_loader->isLoaded() ? root : nullptr;
+}
+
+} // namespace
+
+PluginLoader::PluginLoader()
+    : d(new PluginLoaderPrivate)
+{
+}
+
+PluginLoader::~PluginLoader()
+{
+    unload();
+}
+
+bool PluginLoader::isNotInited() const
+{
+    if (d->inited)
+        log(&LogHandler::warning, generalCategory, {},
+            QStringLiteral("The plugin loader is already inited"));
+    return !d->inited;
+}
+
+bool PluginLoader::canLoadFrom(const QString &dirPath) const
+{
+    if (!isNotInited())
+        return false;
+    if (QFileInfo(dirPath).isDir())
+        return true;
+    const LogHandler handler({}, nullptr, 0, nullptr, generalCategory);
+    handler.warning().debug().noquote() << "The folder" << dirPath << "doesn't exists";
+    return false;
+}
+
+bool PluginLoader::loadFromDir(const QString &dirPath, const QStringList &disabledPluginIds)
+{
+    if (!canLoadFrom(dirPath))
+        return false;
+    bool result = true;
+    QDirIterator folders(dirPath, QDir::Dirs | QDir::NoDotAndDotDot);
+    while (folders.hasNext()) {
+        folders.next();
+        result &= loadFolder(folders.fileInfo(), disabledPluginIds);
+    }
+    return result;
+}
+
+bool PluginLoader::loadFromPluginDir(const QString &dirPath)
+{
+    // The name of a path such as "." or one that ends in a separator is that of the folder.
+    return canLoadFrom(dirPath) && loadFolder(QFileInfo(QDir(dirPath).absolutePath()), {});
+}
+
+bool PluginLoader::loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds)
+{
+    const QString path = folder.absoluteFilePath();
+    const QString id = folder.fileName();
+    if (!isUuidText(id))
+        return refuse(QStringLiteral("The name of the folder %1 is not a valid UUID").arg(path));
+    if (disabledPluginIds.contains(id)) {
+        log(&LogHandler::info, loadingCategory, id,
+            QStringLiteral("The plugin with the id %1 (%2) will not be loaded (disabled by user)")
+                .arg(id, path));
+        return true;
+    }
+    if (const PluginData *loaded = pluginDataByPluginId(id)) {
+        log(&LogHandler::critical, loadingCategory, id,
+            QStringLiteral("A plugin with the id %1 is already loaded from path %2. The folder %3 "
+                           "has not been loaded")
+                .arg(id, loaded->libraryPath(), path));
+        return false;
+    }
+    return loadFromPluginPath(PluginPlatform::running().libraryPath(path, id), id);
+}
+
+bool PluginLoader::loadFromPluginPath(const QString &libraryPath, const QString &expectedId)
+{
+    QElapsedTimer timer;
+    timer.start();
+    if (!isNotInited())
+        return false;
+
+    const QString path = QFileInfo(libraryPath).absoluteFilePath();
+    const auto refuseWith = [&](const QString &reason) {
+        return refuse(QStringLiteral("Error loading the plugin %1: %2").arg(path, reason));
+    };
+    Library library(path);
+    const QJsonObject json = library.metaData();
+    const QString iid = json.value(interfaceIdKey).toString();
+    if (iid.isEmpty())
+        return refuseWith(QStringLiteral("the IID is not specified"));
+    if (iid != interfaceId)
+        return refuseWith(QStringLiteral("the IID %1 is not valid").arg(iid));
+
+    QString error;
+    QObject *root = library.instance(error);
+    if (!root)
+        return refuseWith(error);
+    auto *plugin = qobject_cast<NARV::WidgetLibraryPlugin *>(root);
+    if (!plugin)
+        return refuseWith(QStringLiteral("invalid interface"));
+
+    auto info = std::make_unique<WidgetLibraryPluginMetaInformation>();
+    const int code = WidgetLibraryPluginUtils::metaInformationFromMetaData(json, *info);
+    if (code)
+        return refuseWith(QLatin1String(WidgetLibraryPluginUtils::errorToString(code)));
+    const QString id = info->id();
+    if (!expectedId.isEmpty() && expectedId != id)
+        return refuseWith(
+            QStringLiteral("the id %1 is not equal to the folder name %2").arg(id, expectedId));
+
+    const QString loaded = QStringLiteral("Plugin %1 (v%2) loaded, author %3")
+                               .arg(id, info->version().version(), info->author());
+    const double milliseconds = double(timer.nsecsElapsed()) * millisecondsPerNanosecond;
+    // Not before the new record stands: the old one may be of the same library.
+    const std::unique_ptr<PluginData> replaced(d->pluginData.value(id));
+    d->pluginData.insert(id, new WidgetLibraryPluginData(path, library.take(), plugin,
+                                                         info.release(), milliseconds));
+    log(&LogHandler::info, loadingCategory, id, loaded);
+    return true;
+}
+
+bool PluginLoader::checkPluginDir(const QString &dirPath) const
+{
+    const QFileInfo folder(QDir(dirPath).absolutePath());
+    const QString id = folder.fileName();
+    const auto isThere = [&](const PluginPlatform &platform) {
+        return QFileInfo(platform.libraryPath(folder.absoluteFilePath(), id)).isFile();
+    };
+    const QVector<PluginPlatform> &platforms = PluginPlatform::required();
+    return isUuidText(id) && std::all_of(platforms.cbegin(), platforms.cend(), isThere);
+}
+
+void PluginLoader::notify(Hook hook)
+{
+    // A plugin must not keep the others from hearing.
+    for (auto it = d->pluginData.cbegin(); it != d->pluginData.cend(); ++it) {
+        NARV::Plugin *plugin = it.value()->instance();
+        const QString error = exceptionOf([&] { (plugin->*hook)(); });
+        if (!error.isNull())
+            log(&LogHandler::critical, loadingCategory, it.key(), error);
+    }
+}
+
+bool PluginLoader::init()
+{
+    if (d->inited || d->pluginData.isEmpty())
+        return false;
+    notify(&NARV::Plugin::aboutToLoad);
+    notify(&NARV::Plugin::load);
+    d->inited = true;
+    return true;
+}
+
+bool PluginLoader::isInit() const
+{
+    return d->inited;
+}
+
+bool PluginLoader::deinit()
+{
+    if (!d->inited || d->pluginData.isEmpty())
+        return false;
+    notify(&NARV::Plugin::aboutToUnload);
+    notify(&NARV::Plugin::unload);
+    d->inited = false;
+    return true;
+}
+
+void PluginLoader::unload()
+{
+    deinit();
+    qDeleteAll(d->pluginData);
+    d->pluginData.clear();
+}
+
+const QMap<QString, PluginData *> &PluginLoader::pluginData() const
+{
+    return d->pluginData;
+}
+
+const PluginData *PluginLoader::pluginDataByPluginId(const QString &id) const
+{
+    return d->pluginData.value(id);
+}
+
+} // namespace NARV::INTERNAL
