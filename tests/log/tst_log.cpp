@@ -224,9 +224,9 @@ void tst_Log::eachCopyDelivers()
         Debug first = returned(id);
         first.debug().nospace() << "a ";
         Debug second(first);
-        Debug third(std::move(first));
+        Debug third(static_cast<Debug &&>(first));
         second.debug() << "b";
-        first.debug() << "c"; // a move leaves it as it was
+        first.debug() << "c"; // moving from it left it as it was
     }
     QCOMPARE(takeLog(), (QList<LogEntry>{entry("a "), entry("a b"), entry("a c")}));
     returned(id).debug() << "once";
