@@ -8,7 +8,8 @@
 
 namespace {
 
-//! Prints the aggregates as usual and keeps the wall time per iteration of every repetition.
+//! Prints the aggregates as usual and keeps the time per item of every repetition: processor time,
+//! or wall time where the benchmark asks for it.
 class RatioReporter : public benchmark::ConsoleReporter
 {
 public:
@@ -22,7 +23,7 @@ public:
         std::vector<Run> printed;
         for (const Run &run : runs) {
             if (run.run_type == Run::RT_Iteration && !run.error_occurred)
-                m_times[nameOf(run)].push_back(run.real_accumulated_time / double(run.iterations));
+                m_times[nameOf(run)].push_back(timePerItem(run));
             if (run.run_type == Run::RT_Aggregate || run.repetitions <= 1)
                 printed.push_back(run);
         }
@@ -51,6 +52,17 @@ private:
         return name.str();
     }
 
+    static double timePerItem(const Run &run)
+    {
+        // The rate is made of the right kind of time already.
+        const auto rate = run.counters.find("items_per_second");
+        if (rate != run.counters.end())
+            return 1 / rate->second.value;
+        const bool isWallTime = !run.run_name.time_type.empty();
+        return (isWallTime ? run.real_accumulated_time : run.cpu_accumulated_time) /
+               double(run.iterations);
+    }
+
     double median(const std::string &name)
     {
         std::vector<double> &times = m_times[name];
@@ -61,7 +73,7 @@ private:
         return *middle;
     }
 
-    std::map<std::string, std::vector<double>> m_times; // seconds, by benchmark name
+    std::map<std::string, std::vector<double>> m_times; // seconds an item, by benchmark name
 };
 
 } // namespace

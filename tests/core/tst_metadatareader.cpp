@@ -52,7 +52,7 @@ private:
 
 Library tst_MetaDataReader::read(const QByteArray &widgets, const QByteArray &more)
 {
-    const QByteArray json = R"({"MetaData":{"id":"0B5F3C0E-5c0e-4b7e-9a55-4f0f4a1f7c11",
+    const QByteArray json = R"({"MetaData":{"id":"0b5f3c0e-5c0e-4b7e-9a55-4f0f4a1f7c11",
         "name":"Tanks","author":" Me ","version":"01.2.3")" +
                             more + ",\"widgets\":[" + widgets + "]}}";
     QJsonParseError error;
@@ -83,7 +83,7 @@ void tst_MetaDataReader::commonPart()
 {
     const Library info = read({}, R"(,"copyright":["C","note"],"description":"D","license":"",
         "defaultLanguage":" de-DE ","translation":[" it-IT ","fr-FR","it-IT"])");
-    QCOMPARE(info.id(), u("0B5F3C0E-5c0e-4b7e-9a55-4f0f4a1f7c11"));
+    QCOMPARE(info.id(), u("0b5f3c0e-5c0e-4b7e-9a55-4f0f4a1f7c11"));
     QCOMPARE(info.author(), u(" Me "));
     QCOMPARE(info.version().version(), u("1.2.3"));
     QCOMPARE(info.defaultLanguage(), u("de-DE"));
