@@ -11,7 +11,7 @@
 static constexpr qreal padding = 6;
 static constexpr qreal widestButton = 180;
 // Of time, state, severity, name and description, in parts of the row.
-static constexpr qreal columnShares[] = {0.22, 0.22, 0.12, 0.16, 0.28};
+static constexpr qreal columnShares[] = {0.21, 0.25, 0.14, 0.12, 0.28};
 
 AlarmListItem::AlarmListItem(const NARV::GraphicsObjectData &data)
     : GalleryItem(data)

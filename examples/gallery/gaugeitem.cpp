@@ -18,6 +18,8 @@ static constexpr qreal minorTickInner = 0.83;
 static constexpr qreal labelRing = 0.64;
 static constexpr qreal labelHeight = 0.2;
 static constexpr qreal needleTip = 0.84;
+static constexpr qreal triangleLength = 0.14;
+static constexpr qreal widestArc = 0.5;
 
 enum NeedleStyle
 {
@@ -31,9 +33,16 @@ GaugeItem::GaugeItem(const NARV::GraphicsObjectData &data)
 {
 }
 
-bool GaugeItem::showsArc()
+qreal GaugeItem::pointerDepth(const Dial &dial)
 {
-    return integer("needleStyle") == NeedleStyleArc;
+    switch (integer("needleStyle")) {
+    case NeedleStyleTriangle:
+        return triangleLength;
+    case NeedleStyleArc:
+        return qMin(integer("arcWidth") / dial.radius(), widestArc);
+    default:
+        return 0;
+    }
 }
 
 void GaugeItem::draw(QPainter &painter, const QRectF &area)
@@ -87,8 +96,7 @@ void GaugeItem::drawScaleLabels(QPainter &painter, const Dial &dial)
 {
     const QFont labelFont = font("scaleFont");
     const QColor ink = color("scaleColor");
-    // The arc runs along the ticks: the labels make room for it.
-    const qreal ring = labelRing - (showsArc() ? integer("arcWidth") / dial.radius() : 0);
+    const qreal ring = labelRing - pointerDepth(dial);
     for (const Scale::Tick &tick : ticks()) {
         if (!tick.isMajor)
             continue;
@@ -113,8 +121,8 @@ void GaugeItem::drawTriangle(QPainter &painter, const Dial &dial)
 {
     const double fraction = scale().fraction(number("value"));
     const QPointF tip = dial.at(fraction, majorTickInner);
-    const QPointF foot = dial.at(fraction, majorTickInner - 0.2);
-    const QPointF across = QPointF(tip.y() - foot.y(), foot.x() - tip.x()) * 0.35;
+    const QPointF foot = dial.at(fraction, majorTickInner - triangleLength);
+    const QPointF across = QPointF(tip.y() - foot.y(), foot.x() - tip.x()) * 0.4;
     painter.setPen(Qt::NoPen);
     painter.setBrush(stateColor(color("needleColor")));
     painter.drawPolygon(QPolygonF({tip, foot + across, foot - across}));
@@ -122,8 +130,9 @@ void GaugeItem::drawTriangle(QPainter &painter, const Dial &dial)
 
 void GaugeItem::drawArc(QPainter &painter, const Dial &dial)
 {
-    const qreal width = qMin<qreal>(integer("arcWidth"), dial.radius() / 2);
-    const qreal ring = majorTickInner - 0.02 - width / dial.radius() / 2;
+    const qreal depth = pointerDepth(dial);
+    const qreal width = depth * dial.radius();
+    const qreal ring = majorTickInner - 0.02 - depth / 2;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(stateColor(color("needleColor")), width, Qt::SolidLine, Qt::FlatCap));
     const Scale valueScale = scale();
@@ -135,7 +144,7 @@ void GaugeItem::drawValue(QPainter &painter, const Dial &dial)
     if (!flag("showValue"))
         return;
     QRectF box = dial.square(0.45);
-    box.setTop(dial.center().y() + dial.radius() * 0.5);
+    box.setTop(dial.center().y() + dial.radius() * 0.56);
     box.setHeight(dial.radius() * 0.3);
     drawFittedText(painter, box, Qt::AlignCenter, valueText(), font("valueFont"),
                    stateColor(color("valueColor")));

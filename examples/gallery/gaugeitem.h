@@ -18,7 +18,9 @@ protected:
     virtual void drawMarkers(QPainter &painter, const Dial &dial);
 
 private:
-    bool showsArc();
+    //! How far the pointer reaches from the ticks inwards into the place of the labels, as a
+    //! fraction of the radius.
+    qreal pointerDepth(const Dial &dial);
     void drawFace(QPainter &painter, const Dial &dial);
     void drawLimits(QPainter &painter, const Dial &dial);
     void drawScale(QPainter &painter, const Dial &dial);

@@ -6,6 +6,7 @@
 
 static constexpr double largestInteger = 9007199254740992; // 2^53: what a double holds exactly
 static constexpr int mostDecimals = 15;
+static constexpr int mostDigits = 64;
 
 static QLocale locale()
 {
@@ -72,7 +73,8 @@ QString numberText(double value, const NumberStyle &style)
     const QString sign = signText(value, digits, style);
     const int point = digits.indexOf(locale().decimalPoint());
     const int leading = point < 0 ? digits.size() : point;
-    if (style.format != NumberFormat::Scientific && leading < style.digits)
-        digits.prepend(QString(style.digits - leading, locale().zeroDigit()));
+    const int wanted = qMin(style.digits, mostDigits);
+    if (style.format != NumberFormat::Scientific && leading < wanted)
+        digits.prepend(QString(wanted - leading, locale().zeroDigit()));
     return sign + digits;
 }

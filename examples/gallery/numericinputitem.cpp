@@ -7,6 +7,7 @@
 
 static constexpr qreal padding = 6;
 static constexpr qreal widestButton = 64;
+static constexpr int buttonDarkness = 112; // in percent, of the background
 static constexpr qreal spentOpacity = 0.4;
 
 NumericInputItem::NumericInputItem(const NARV::GraphicsObjectData &data)
@@ -46,7 +47,7 @@ QRectF NumericInputItem::drawStepButtons(QPainter &painter, const QRectF &area)
 void NumericInputItem::drawStepButton(QPainter &painter, const QRectF &area, QChar sign,
                                       bool canStep)
 {
-    drawButton(painter, area, color("frameColor").lighter(160), 0);
+    drawButton(painter, area, color("backgroundColor").darker(buttonDarkness), 0);
     painter.save();
     if (!canStep)
         painter.setOpacity(painter.opacity() * spentOpacity);

@@ -20,7 +20,8 @@ SelectorItem::SelectorItem(const NARV::GraphicsObjectData &data)
 
 int SelectorItem::selected()
 {
-    return integer("value") - integer("firstNumber");
+    const qint64 index = qint64(integer("value")) - integer("firstNumber");
+    return index >= 0 && index < texts("entries").size() ? int(index) : -1;
 }
 
 void SelectorItem::drawControl(QPainter &painter, const QRectF &area)

@@ -14,7 +14,7 @@ protected:
     void drawControl(QPainter &painter, const QRectF &area) override;
 
 private:
-    //! The index of the chosen entry; none if the value names no entry.
+    //! The index of the chosen entry; -1 if the value is the number of none.
     int selected();
     void drawButtons(QPainter &painter, const QRectF &area);
     void drawList(QPainter &painter, const QRectF &area);

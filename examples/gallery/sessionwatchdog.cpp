@@ -17,9 +17,10 @@ SessionWatchdog::SessionWatchdog(const NARV::WidgetData &data)
 
 QIcon SessionWatchdog::icon()
 {
-    QPixmap pixmap(64, 64);
+    QPixmap pixmap(256, 256);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
+    painter.scale(4, 4);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(0x2b3138), 5, Qt::SolidLine, Qt::RoundCap));
     painter.setBrush(QColor(0xf4f5f7));
@@ -78,10 +79,10 @@ bool SessionWatchdog::isInhibited()
 
 SessionWatchdog::Status SessionWatchdog::status(int idleSeconds)
 {
-    const int timeout = getFieldValue(QStringLiteral("timeout")).toInt();
+    const qint64 timeout = getFieldValue(QStringLiteral("timeout")).toInt();
     if (idleSeconds >= timeout)
         return Expired;
-    const int warningTime = getFieldValue(QStringLiteral("warningTime")).toInt();
+    const qint64 warningTime = getFieldValue(QStringLiteral("warningTime")).toInt();
     return idleSeconds >= timeout - warningTime ? AboutToExpire : Active;
 }
 

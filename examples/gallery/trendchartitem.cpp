@@ -84,15 +84,22 @@ void TrendChartItem::drawPen(QPainter &painter, const QRectF &area, const Pen &p
 QRectF TrendChartItem::plotArea(const QRectF &area)
 {
     const QFont axisFont = font("axisFont");
-    const qreal labels = qMax(textWidth(axisFont, valueLabel(number("minimum"))),
+    const qreal values = qMax(textWidth(axisFont, valueLabel(number("minimum"))),
                               textWidth(axisFont, valueLabel(number("maximum"))));
+    const qreal halfTime = textWidth(axisFont, timeLabel(QDateTime::currentDateTime())) / 2;
     const qreal height = lineHeight(axisFont);
-    return area.adjusted(labels + padding, height / 2, -labels / 2 - padding, -height);
+    return area.adjusted(qMax(values + padding, halfTime), height / 2, -halfTime,
+                         -height - padding);
 }
 
 QString TrendChartItem::valueLabel(double value)
 {
     return decimalText(value, integer("decimals"));
+}
+
+QString TrendChartItem::timeLabel(const QDateTime &time)
+{
+    return QLocale().toString(time, text("timeFormat"));
 }
 
 void TrendChartItem::drawGridLine(QPainter &painter, const QPointF &from, const QPointF &to)
@@ -121,15 +128,15 @@ void TrendChartItem::drawTimeAxis(QPainter &painter, const QRectF &plot)
 {
     const QFont axisFont = font("axisFont");
     const QDateTime now = QDateTime::currentDateTime();
-    const Scale seconds(-integer("timeSpan"), 0);
+    const Scale seconds(-number("timeSpan"), 0);
     const int divisions = qMax(1, integer("timeDivisions"));
     const qreal width = plot.width() / divisions;
     for (const Scale::Tick &tick : seconds.ticks(divisions)) {
         const qreal x = plot.left() + tick.fraction * plot.width();
         drawGridLine(painter, {x, plot.top()}, {x, plot.bottom()});
-        const QRectF label(x - width / 2, plot.bottom(), width, lineHeight(axisFont));
-        drawFittedText(painter, label, Qt::AlignCenter,
-                       QLocale().toString(now.addSecs(qint64(tick.value)), text("timeFormat")),
+        const QRectF label(x - (width - padding) / 2, plot.bottom() + padding, width - padding,
+                           lineHeight(axisFont));
+        drawFittedText(painter, label, Qt::AlignCenter, timeLabel(now.addSecs(qint64(tick.value))),
                        axisFont, color("scaleColor"));
     }
 }

@@ -4,6 +4,8 @@
 
 #include <QVector>
 
+class QDateTime;
+
 //! Draws the frame of a trend chart: legend, axes and grid.
 class TrendChartItem : public GalleryItem
 {
@@ -30,6 +32,7 @@ private:
     //! The plot's place within area, beside the labels of both axes.
     QRectF plotArea(const QRectF &area);
     QString valueLabel(double value);
+    QString timeLabel(const QDateTime &time);
     void drawValueAxis(QPainter &painter, const QRectF &plot);
     void drawTimeAxis(QPainter &painter, const QRectF &plot);
     void drawGridLine(QPainter &painter, const QPointF &from, const QPointF &to);
