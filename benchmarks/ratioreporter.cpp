@@ -63,6 +63,12 @@ private:
                double(run.iterations);
     }
 
+    static double timeOf(const Run &run)
+    {
+        return run.run_name.time_type.empty() ? run.cpu_accumulated_time
+                                              : run.real_accumulated_time;
+    }
+
     double median(const std::string &name)
     {
         std::vector<double> &times = m_times[name];
