@@ -28,7 +28,7 @@ static void receiveQt(QtMsgType type, const QMessageLogContext &context, const Q
 static void libraryRecord(benchmark::State &state)
 {
     const QString source = QStringLiteral("0b5f3c0e-5c0e-4b7e-9a55-4f0f4a1f7c11");
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         NARV::LogHandler(source, __FILE__, __LINE__, __func__, "GENERAL").warning().debug()
             << "plugin loaded";
     }
@@ -37,7 +37,7 @@ BENCHMARK(libraryRecord)->UseRealTime()->ThreadRange(1, 2);
 
 static void qtRecord(benchmark::State &state)
 {
-    for (auto _ : state)
+    while (state.KeepRunning())
         qCWarning(category) << "plugin loaded";
 }
 BENCHMARK(qtRecord)->UseRealTime();
@@ -59,7 +59,7 @@ static void spdlogRecord(benchmark::State &state)
 {
     spdlog::logger logger("GENERAL", std::make_shared<CallbackSink>());
     logger.set_pattern("[%Y-%m-%dT%H:%M:%S][%l][%n]: %v");
-    for (auto _ : state)
+    while (state.KeepRunning())
         logger.warn("{}", "plugin loaded");
 }
 BENCHMARK(spdlogRecord)->UseRealTime();

@@ -12,7 +12,6 @@
 
 namespace NARV {
 
-using INTERNAL::LogRecord;
 using INTERNAL::MessagePattern;
 
 namespace {

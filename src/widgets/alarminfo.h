@@ -131,3 +131,5 @@ ZPPLUGIN_EXPORT QDebug operator<<(QDebug debug, const AlarmInfo &alarmInfo);
 ZPPLUGIN_EXPORT QDebug operator<<(QDebug debug, const AlarmInfo *alarmInfo);
 
 } // namespace NARV
+
+Q_DECLARE_TYPEINFO(NARV::AlarmInfo, Q_MOVABLE_TYPE);

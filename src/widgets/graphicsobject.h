@@ -89,7 +89,10 @@ public:
     QPainterPath opaqueArea() const override;
     int type() const override;
 
+    //! The item's data by key. With one for items that are not const, so that data(0) is not taken
+    //! for a role.
     using QGraphicsObject::data;
+    QVariant data(int key) { return QGraphicsObject::data(key); }
 
 protected:
     //! Hears every event first; true when the event is dealt with, false to have the handler of its

@@ -73,7 +73,7 @@ struct GraphicsObjectPrivate::MouseStep
     QEvent::Type mouse;
     Qt::MouseButton button;
     Qt::MouseButtons buttons;
-    void (GraphicsObject::*handler)(QGraphicsSceneMouseEvent *);
+    void (QGraphicsItem::*handler)(QGraphicsSceneMouseEvent *);
 };
 
 const GraphicsObjectPrivate::MouseStep *GraphicsObjectPrivate::mouseStep(QEvent::Type touch)
@@ -134,7 +134,8 @@ void GraphicsObjectPrivate::sendMouseEvent(const MouseStep &step, QTouchEvent *t
         touchPointId = point.id();
     else if (step.touch == QEvent::TouchEnd)
         touchPointId = noTouchPoint;
-    (graphicsObject->*step.handler)(&mouse);
+    QGraphicsItem *item = graphicsObject;
+    (item->*step.handler)(&mouse);
     touch->setAccepted(mouse.isAccepted());
 }
 

@@ -12,6 +12,7 @@
 
 #include <QPointer>
 #include <QVector>
+#include <QtNumeric>
 
 namespace NARV {
 
@@ -120,6 +121,15 @@ void WidgetPrivate::setFieldValue(const QString &fieldId, const QVariant &value,
     });
 }
 
+// Not-a-number counts as equal to itself: a handler that writes it back would never come to an end.
+static bool isSame(const QVariant &a, const QVariant &b)
+{
+    const auto isNan = [](const QVariant &value) {
+        return value.userType() == QMetaType::Double && qIsNaN(value.toDouble());
+    };
+    return a == b || (isNan(a) && isNan(b));
+}
+
 // Stores the new value and notes the old one. False if they are equal.
 bool WidgetPrivate::store(FieldIsChangedEventData &change)
 {
@@ -128,7 +138,7 @@ bool WidgetPrivate::store(FieldIsChangedEventData &change)
         fieldValues.insert(change.fieldId, change.value);
         return true;
     }
-    if (*stored == change.value)
+    if (isSame(*stored, change.value))
         return false;
     change.oldValue = *stored;
     *stored = change.value;

@@ -1,0 +1,269 @@
+#include "guardedtest.h"
+#include "recordinglibrary.h"
+
+#include <NARV/NullGraphicsObject>
+
+#include <QGraphicsScene>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QStyleOptionGraphicsItem>
+#include <QTest>
+
+using NARV::GraphicsObject;
+using NARV::INTERNAL::GraphicsObjectPrivateAccessor;
+
+class tst_GraphicsObject : public GuardedTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void defaults();
+    void gestureTypes();
+    void acceptance();
+    void resize_data();
+    void resize();
+    void resizeUpdatesTheScene();
+    void touchBecomesMouse();
+    void acceptedStateFollowsTheMouseEvent();
+    void secondBeginOfTheSamePoint();
+    void touchWithoutOption();
+    void synthesisedPressIsSwallowed_data();
+    void synthesisedPressIsSwallowed();
+    void itemDeletedInMouseHandler();
+    void nullObjectPaints_data();
+    void nullObjectPaints();
+};
+
+void tst_GraphicsObject::defaults()
+{
+    GaugeFixture gauge(1);
+    RecordingItem *item = gauge.items[0];
+    QCOMPARE(item->size(), QSizeF(-1, -1));
+    QVERIFY(item->acceptTouchEvents() && !item->parentItem() && !item->parent());
+    QCOMPARE(item->options(), GraphicsObject::Options());
+    item->setOption(GraphicsObject::TouchToMouseEmulation);
+    QCOMPARE(item->options(), GraphicsObject::Options(GraphicsObject::TouchToMouseEmulation));
+    item->setOption(GraphicsObject::TouchToMouseEmulation, false);
+    QCOMPARE(item->options(), GraphicsObject::Options());
+    item->setData(0, 5);
+    QCOMPARE(item->data(0), QVariant(5));
+}
+
+void tst_GraphicsObject::gestureTypes()
+{
+    const QVector<uint> types{
+        GraphicsObject::pan1TouchGestureType(),     GraphicsObject::pan2TouchesGestureType(),
+        GraphicsObject::pan3TouchesGestureType(),   GraphicsObject::swipe1TouchGestureType(),
+        GraphicsObject::swipe2TouchesGestureType(), GraphicsObject::swipe3TouchesGestureType(),
+        GraphicsObject::pinchGestureType()};
+    QCOMPARE(types, (QVector<uint>{257, 258, 259, 260, 261, 262, 263}));
+}
+
+void tst_GraphicsObject::acceptance()
+{
+    GaugeFixture gauge(1);
+    for (const bool on : {true, false}) {
+        gauge.items[0]->setAcceptTouchAndMouseEvents(on);
+        QCOMPARE(gauge.items[0]->acceptTouchEvents(), on);
+        QCOMPARE(gauge.items[0]->flags().testFlag(QGraphicsItem::ItemIsSelectable), on);
+        QCOMPARE(gauge.items[0]->flags().testFlag(QGraphicsItem::ItemIsFocusable), on);
+    }
+}
+
+void tst_GraphicsObject::resize_data()
+{
+    QTest::addColumn<QSizeF>("size"); // after 100 by 50
+    QTest::addColumn<bool>("isChange");
+    QTest::newRow("same") << QSizeF(100, 50) << false;
+    QTest::newRow("nearly same") << QSizeF(100 + 1e-11, 50) << false;
+    QTest::newRow("other width") << QSizeF(100.001, 50) << true;
+    QTest::newRow("other height") << QSizeF(100, 51) << true;
+    QTest::newRow("nothing") << QSizeF(0, 0) << true;
+}
+
+void tst_GraphicsObject::resize()
+{
+    QFETCH(QSizeF, size);
+    QFETCH(bool, isChange);
+    GaugeFixture gauge(1);
+    QList<QSizeF> sizes;
+    gauge.items[0]->onHandler = [&](NARV::Event *event) {
+        const auto *change = static_cast<NARV::ResizeEvent *>(event);
+        sizes << change->oldSize() << change->size() << gauge.items[0]->size();
+    };
+    auto *priv = GraphicsObjectPrivateAccessor::priv(gauge.items[0]);
+    const QSizeF before(100, 50);
+    priv->resize(before);
+    QCOMPARE(sizes, (QList<QSizeF>{QSizeF(-1, -1), before, before}));
+    QCOMPARE(gauge.heard(), QStringLiteral("1?Resize 1!Resize"));
+    sizes.clear();
+    priv->resize(size);
+    QCOMPARE(sizes, isChange ? (QList<QSizeF>{before, size, size}) : QList<QSizeF>());
+    QCOMPARE(gauge.items[0]->boundingRect(), QRectF(QPointF(), isChange ? size : before));
+}
+
+void tst_GraphicsObject::resizeUpdatesTheScene()
+{
+    GaugeFixture gauge(1);
+    QGraphicsScene scene;
+    scene.addItem(gauge.items[0]);
+    auto *priv = GraphicsObjectPrivateAccessor::priv(gauge.items[0]);
+    priv->resize(QSizeF(10, 10));
+    QCoreApplication::processEvents();
+    QSignalSpy changed(&scene, &QGraphicsScene::changed);
+    priv->resize(QSizeF(10, 10));
+    QCoreApplication::processEvents();
+    QCOMPARE(changed.count(), 0);
+    priv->resize(QSizeF(20, 10));
+    QCoreApplication::processEvents();
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(scene.items(QPointF(15, 5)), QList<QGraphicsItem *>{gauge.items[0]});
+    scene.removeItem(gauge.items[0]);
+}
+
+// A touch of one point, moved from x - 1 to x.
+static QTouchEvent touch(QEvent::Type type, qreal x, int id = 3)
+{
+    QTouchEvent::TouchPoint point(id);
+    point.setPos(QPointF(x, 2));
+    point.setLastPos(QPointF(x - 1, 2));
+    point.setScenePos(QPointF(x + 100, 0));
+    point.setScreenPos(QPointF(x + 200.6, 0));
+    return QTouchEvent(type, nullptr, Qt::NoModifier, {}, {point});
+}
+
+static bool send(RecordingItem *item, QTouchEvent event)
+{
+    return item->sceneEvent(&event);
+}
+
+void tst_GraphicsObject::touchBecomesMouse()
+{
+    GaugeFixture gauge(1);
+    RecordingItem *item = gauge.items[0];
+    const auto *priv = GraphicsObjectPrivateAccessor::priv(item);
+    item->setOptions(GraphicsObject::TouchToMouseEmulation);
+    QVERIFY(send(item, touch(QEvent::TouchBegin, 1)));
+    QCOMPARE(priv->touchPointId, 3);
+    QVERIFY(send(item, touch(QEvent::TouchUpdate, 2)));
+    QVERIFY(send(item, touch(QEvent::TouchEnd, 3)));
+    QCOMPARE(priv->touchPointId, -1);
+    QCOMPARE(item->mouse,
+             (QStringList{QStringLiteral("press 1/1 at 1,2 from 0,2 scene 101 screen 202"),
+                          QStringLiteral("move 0/1 at 2,2 from 1,2 scene 102 screen 203"),
+                          QStringLiteral("release 1/0 at 3,2 from 2,2 scene 103 screen 204")}));
+}
+
+void tst_GraphicsObject::acceptedStateFollowsTheMouseEvent()
+{
+    GaugeFixture gauge(1);
+    gauge.items[0]->setOption(GraphicsObject::TouchToMouseEmulation);
+    for (const bool accepts : {false, true}) {
+        gauge.items[0]->acceptsMouse = accepts;
+        for (const auto type : {QEvent::TouchBegin, QEvent::TouchUpdate, QEvent::TouchEnd}) {
+            QTouchEvent event = touch(type, 1);
+            event.setAccepted(!accepts);
+            QVERIFY(gauge.items[0]->sceneEvent(&event));
+            QCOMPARE(event.isAccepted(), accepts);
+        }
+    }
+}
+
+void tst_GraphicsObject::secondBeginOfTheSamePoint()
+{
+    GaugeFixture gauge(1);
+    gauge.items[0]->setOption(GraphicsObject::TouchToMouseEmulation);
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(send(gauge.items[0], touch(QEvent::TouchBegin, 1)));
+    QCOMPARE(gauge.items[0]->mouse.size(), 1);
+    QVERIFY(send(gauge.items[0], touch(QEvent::TouchBegin, 1, 4)));
+    QCOMPARE(gauge.items[0]->mouse.size(), 2);
+}
+
+void tst_GraphicsObject::touchWithoutOption()
+{
+    GaugeFixture gauge(1);
+    QVERIFY(!send(gauge.items[0], touch(QEvent::TouchBegin, 1)));
+    QVERIFY(gauge.items[0]->mouse.isEmpty());
+    gauge.items[0]->setOption(GraphicsObject::TouchToMouseEmulation);
+    QTouchEvent empty(QEvent::TouchBegin);
+    QVERIFY(!gauge.items[0]->sceneEvent(&empty));
+}
+
+void tst_GraphicsObject::synthesisedPressIsSwallowed_data()
+{
+    QTest::addColumn<bool>("touching");
+    QTest::addColumn<bool>("spontaneous");
+    QTest::newRow("system, touching") << true << true;
+    QTest::newRow("system, not touching") << false << true;
+    QTest::newRow("program, touching") << true << false;
+}
+
+void tst_GraphicsObject::synthesisedPressIsSwallowed()
+{
+    QFETCH(bool, touching);
+    QFETCH(bool, spontaneous);
+    GaugeFixture gauge(1);
+    RecordingItem *item = gauge.items[0];
+    item->setOption(GraphicsObject::TouchToMouseEmulation);
+    if (touching)
+        send(item, touch(QEvent::TouchBegin, 1));
+    item->mouse.clear();
+    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+    if (spontaneous)
+        QSpontaneKeyEvent::setSpontaneous(&press);
+    QVERIFY(item->sceneEvent(&press));
+    const bool swallowed = touching && spontaneous;
+    QCOMPARE(item->mouse.isEmpty(), swallowed);
+    QCOMPARE(press.isAccepted(), !swallowed);
+}
+
+void tst_GraphicsObject::itemDeletedInMouseHandler()
+{
+    GaugeFixture gauge(1);
+    gauge.items[0]->setOption(GraphicsObject::TouchToMouseEmulation);
+    gauge.items[0]->onMouse = [&gauge] { delete gauge.items[0]; };
+    QVERIFY(send(gauge.items[0], touch(QEvent::TouchBegin, 1)));
+    QVERIFY(!gauge.items[0] && gauge.widget->graphicsObjectsList().isEmpty());
+}
+
+void tst_GraphicsObject::nullObjectPaints_data()
+{
+    QTest::addColumn<bool>("insideEditor");
+    QTest::addColumn<bool>("hasIcon");
+    QTest::addColumn<bool>("paints");
+    QTest::newRow("editor") << true << true << true;
+    QTest::newRow("editor, no icon") << true << false << false;
+    QTest::newRow("panel") << false << true << false;
+}
+
+void tst_GraphicsObject::nullObjectPaints()
+{
+    QFETCH(bool, insideEditor);
+    QFETCH(bool, hasIcon);
+    QFETCH(bool, paints);
+    GaugeFixture gauge;
+    gauge.priv()->graphicsObjectMetaObject = &NARV::NullGraphicsObject::staticMetaObject;
+    gauge.host.insideProjectEditor = insideEditor;
+    QPixmap red(4, 4);
+    red.fill(Qt::red);
+    if (hasIcon)
+        gauge.widget->ownIcon = QIcon(red);
+    const QScopedPointer<GraphicsObject> item(gauge.priv()->newGraphicsObjectInstance());
+    GraphicsObjectPrivateAccessor::priv(item.data())->resize(QSizeF(20, 10));
+
+    QImage image(30, 30, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QStyleOptionGraphicsItem option;
+    option.exposedRect = QRectF(0, 0, 15, 10);
+    item->paint(&painter, &option, nullptr);
+    painter.end();
+    // The small icon is stretched over the item, as far as that is exposed.
+    QCOMPARE(image.pixelColor(14, 9), paints ? QColor(Qt::red) : QColor(Qt::white));
+    QCOMPARE(image.pixelColor(17, 5), QColor(Qt::white));
+    QCOMPARE(image.pixelColor(5, 12), QColor(Qt::white));
+}
+
+QTEST_MAIN(tst_GraphicsObject)
+#include "tst_graphicsobject.moc"
