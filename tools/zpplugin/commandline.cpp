@@ -1,0 +1,54 @@
+#include "commandline.h"
+
+#include "terminal.h"
+#include "text.h"
+
+namespace ZPPluginTool {
+
+int usageError(const QString &command, const QString &reason)
+{
+    Terminal(stderr).print(QStringLiteral("%1: %2\nTry '%1 --help'.")
+                               .arg(command, printable(reason)));
+    return WrongUsage;
+}
+
+CommandLine::CommandLine(const CommandHelp &help)
+    : m_help(help)
+{
+    m_parser.addPositionalArgument(QString(), QString(), QLatin1String(help.arguments));
+    m_parser.addOption({{QStringLiteral("h"), QStringLiteral("help")},
+                        QStringLiteral("Show this help.")});
+}
+
+std::optional<int> CommandLine::parse(const QStringList &arguments)
+{
+    const bool ok = m_parser.parse(QStringList(QString()) + arguments);
+    if (m_parser.isSet(QStringLiteral("help"))) {
+        Terminal(stdout).print(helpText());
+        return Fine;
+    }
+    if (!ok)
+        return misused(m_parser.errorText());
+    const QStringList positional = m_parser.positionalArguments();
+    if (positional.isEmpty())
+        return misused(QStringLiteral("%1 is missing.").arg(QLatin1String(m_help.arguments)));
+    if (positional.size() > 1)
+        return misused(QStringLiteral("Unexpected argument '%1'.").arg(positional[1]));
+    return {};
+}
+
+QString CommandLine::helpText() const
+{
+    const QString generated = m_parser.helpText();
+    const QString options = generated.mid(generated.indexOf(QLatin1String("Options:")));
+    return QStringLiteral("Usage: zpplugin %1 [options] %2\n\n%3\n\n%4")
+        .arg(QLatin1String(m_help.name), QLatin1String(m_help.arguments),
+             QString::fromUtf8(m_help.text), options);
+}
+
+int CommandLine::misused(const QString &reason) const
+{
+    return usageError(QStringLiteral("zpplugin ") + QLatin1String(m_help.name), reason);
+}
+
+} // namespace ZPPluginTool
