@@ -8,7 +8,7 @@
 namespace NARV::INTERNAL {
 
 //! The whole text is a widget or field id: ASCII letters, digits and underscores, at least one.
-bool isIdentifier(QStringView text);
+ZPPLUGIN_EXPORT bool isIdentifier(QStringView text);
 
 //! One term of a requirements text: a field id, alone or compared with a constant.
 struct RequirementsTerm

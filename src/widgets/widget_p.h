@@ -1,0 +1,73 @@
+#pragma once
+
+#include <NARV/WidgetData>
+
+#include <QList>
+#include <QObject>
+#include <QVariant>
+
+namespace NARV {
+
+class AlarmInfo;
+class GraphicsObject;
+class Widget;
+class WidgetActionManager;
+struct FieldIsChangedEventData;
+
+//! The host's side of a widget.
+//!
+//! The flag "internal" tells a call of the host (true), for which the fields' permissions do not
+//! count, from one of plugin code. Failures are silent outside the test bench.
+class ZPPLUGIN_EXPORT WidgetPrivate : public QObject
+{
+    Q_OBJECT
+
+public:
+    WidgetPrivate(const WidgetData &data, Widget *widget);
+    ~WidgetPrivate() override;
+
+    //! Tells the widget and then its graphics objects that the initial values are set. Does nothing
+    //! if the widget is initialised. A graphics object made later is initialised by the host,
+    //! through its own private part.
+    void init();
+    //! The reverse of init(); does nothing if the widget is not initialised.
+    void deinit();
+    //! The stored value; invalid if there is none or it may not be read.
+    QVariant getFieldValue(const QString &fieldId, bool internal);
+    //! Converts the value to the type of the field and stores it. A write of plugin code emits
+    //! fieldIsChanged(), also when nothing has changed; a change is told to the widget and its
+    //! graphics objects if sendEvent is set.
+    void setFieldValue(const QString &fieldId, const QVariant &value, bool internal,
+                       bool sendEvent);
+    //! Tells the widget and its graphics objects of an alarm.
+    void alarmEvent(const AlarmInfo &alarmInfo) const;
+    //! A new graphics object without parent item, owned by the caller; null if the widget has no
+    //! class for them or the class cannot be instantiated.
+    GraphicsObject *newGraphicsObjectInstance();
+
+    bool initialised = false;
+    Widget *widget;
+    QString id;
+    WidgetData::VersionType version;
+    QString pluginId;
+    const QMetaObject *graphicsObjectMetaObject = nullptr;
+    QMap<QString, QVariant> fieldValues;
+    QMap<QString, WidgetData::FieldInfo> fieldsInfo;
+    //! Null for a widget not made through its library. Otherwise a child of this object.
+    WidgetActionManager *widgetActionManager = nullptr;
+    //! Those made by newGraphicsObjectInstance() and still there, in the order of creation.
+    QList<GraphicsObject *> graphicsObjects;
+
+Q_SIGNALS:
+    //! Plugin code has written a field: the value as stored.
+    void fieldIsChanged(const QString &fieldId, const QVariant &value);
+
+private:
+    template<class E, class TellItem>
+    void deliverToAll(E *event, void (Widget::*handler)(E *), TellItem tellItem) const;
+    template<class... Items>
+    void warn(const Items &...items) const;
+    bool store(FieldIsChangedEventData &change);
+};
+
+} // namespace NARV

@@ -1,0 +1,38 @@
+#include "widgetlibraryplugin_p.h"
+
+#include "widget.h"
+#include "widgetactionmanager.h"
+#include "widgetprivateaccessor.h"
+
+namespace NARV {
+
+void WidgetLibraryPluginPrivate::registerWidget(const QString &widgetId, const QString &version,
+                                                const QMetaObject *widgetMetaObject,
+                                                const QMetaObject *graphicsObjectMetaObject)
+{
+    m_registrations.insert({widgetId, version},
+                           {widgetMetaObject, graphicsObjectMetaObject,
+                            INTERNAL::ConstructorMatch::forWidget(widgetMetaObject)});
+}
+
+Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
+    const QString &widgetId, const QString &version, const QString &pluginId,
+    const QMap<QString, FieldInfo> &fieldsInfo,
+    INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const
+{
+    const auto found = m_registrations.constFind({widgetId, version});
+    if (found == m_registrations.constEnd())
+        return nullptr;
+
+    QScopedPointer<QObject> guard;
+    auto *actionManager = new WidgetActionManager(actionManagerImpl, nullptr);
+    guard.reset(actionManager);
+    const WidgetData data(widgetId, WidgetData::VersionType(version), pluginId, fieldsInfo,
+                          found->graphicsObjectMetaObject, actionManager);
+    auto *widget = qobject_cast<Widget *>(found->widgetConstructor.newInstance(&data));
+    if (widget)
+        guard.take()->setParent(INTERNAL::WidgetPrivateAccessor::priv(widget));
+    return widget;
+}
+
+} // namespace NARV

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <NARV/INTERNAL/ConstructorMatch>
+#include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
+
+#include <QMap>
+#include <QPair>
+#include <QString>
+
+namespace NARV {
+
+class Widget;
+
+namespace INTERNAL {
+class WidgetActionManagerImpl;
+}
+
+//! What a widget library has registered, and the maker of its widgets. Lives as long as the plugin
+//! object, on its thread.
+class ZPPLUGIN_EXPORT WidgetLibraryPluginPrivate
+{
+public:
+    using FieldInfo = INTERNAL::WidgetLibraryPluginMetaInformation::FieldInfo;
+
+    //! One registered widget.
+    struct Registration
+    {
+        //! Both as registered, null included.
+        const QMetaObject *widgetMetaObject = nullptr;
+        const QMetaObject *graphicsObjectMetaObject = nullptr;
+        //! Found at registration; without a match no instance can be made.
+        INTERNAL::ConstructorMatch widgetConstructor;
+    };
+    //! By widget id and version, both as written at registration and ordered as plain text.
+    using Registrations = QMap<QPair<QString, QString>, Registration>;
+
+    //! Every registered widget.
+    const Registrations &registrations() const { return m_registrations; }
+    //! Adds a widget or replaces the one registered under the same id and version text.
+    void registerWidget(const QString &widgetId, const QString &version,
+                        const QMetaObject *widgetMetaObject,
+                        const QMetaObject *graphicsObjectMetaObject);
+
+    //! A new widget, owned by the caller; null if no widget is registered under exactly this id and
+    //! version text or if its class cannot be instantiated. pluginId becomes the source of the
+    //! widget's log messages. actionManagerImpl stays with the host and must outlive the widget; it
+    //! may be null for a widget that has no host to talk to. The action manager made for the widget
+    //! belongs to the widget's private part and is deleted with it.
+    Widget *newWidgetInstance(const QString &widgetId, const QString &version,
+                              const QString &pluginId, const QMap<QString, FieldInfo> &fieldsInfo,
+                              INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const;
+
+private:
+    Registrations m_registrations;
+};
+
+} // namespace NARV
