@@ -20,6 +20,24 @@ CommandLine::CommandLine(const CommandHelp &help)
                         QStringLiteral("Show this help.")});
 }
 
+static const QString timeoutName = QStringLiteral("timeout");
+static const int maxSeconds = 3600;
+
+void CommandLine::addTimeoutOption()
+{
+    addOption({timeoutName, QStringLiteral("Give up on a plugin after this time (default: 10)."),
+               QStringLiteral("seconds"), QStringLiteral("10")});
+    m_seconds = 10;
+}
+
+bool CommandLine::readSeconds()
+{
+    if (m_seconds == 0)
+        return true; // without that option
+    m_seconds = value(timeoutName).toInt();
+    return m_seconds > 0 && m_seconds <= maxSeconds;
+}
+
 std::optional<int> CommandLine::parse(const QStringList &arguments)
 {
     const bool ok = m_parser.parse(QStringList(QString()) + arguments);
@@ -34,6 +52,9 @@ std::optional<int> CommandLine::parse(const QStringList &arguments)
         return misused(QStringLiteral("%1 is missing.").arg(QLatin1String(m_help.arguments)));
     if (positional.size() > 1)
         return misused(QStringLiteral("Unexpected argument '%1'.").arg(positional[1]));
+    if (!readSeconds())
+        return misused(QStringLiteral("The timeout is a number of seconds from 1 to %1, not '%2'.")
+                           .arg(QString::number(maxSeconds), value(timeoutName)));
     return {};
 }
 

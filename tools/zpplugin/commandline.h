@@ -30,6 +30,8 @@ public:
     explicit CommandLine(const CommandHelp &help);
 
     void addOption(const QCommandLineOption &option) { m_parser.addOption(option); }
+    //! Adds the option that says how long loading a plugin may take.
+    void addTimeoutOption();
     //! Reads the arguments behind the name of the command, one of which is not an option. Gives
     //! the code to end with when that is all there is to do: help was asked for, or the arguments
     //! are wrong, which has been reported.
@@ -40,14 +42,18 @@ public:
     bool isSet(const QString &option) const { return m_parser.isSet(option); }
     QString value(const QString &option) const { return m_parser.value(option); }
     QStringList values(const QString &option) const { return m_parser.values(option); }
+    //! The value of the timeout option.
+    int seconds() const { return m_seconds; }
     //! Reports what is wrong with the arguments; gives the code to end with.
     int misused(const QString &reason) const;
 
 private:
+    bool readSeconds();
     QString helpText() const;
 
     const CommandHelp &m_help;
     QCommandLineParser m_parser;
+    int m_seconds = 0;
 };
 
 //! Reports on standard error why the program can not do what it was asked to.

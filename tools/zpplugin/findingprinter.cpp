@@ -19,11 +19,11 @@ void FindingPrinter::printWithPositions(const QString &file, const QByteArray &f
     }
 }
 
-void FindingPrinter::printWithPaths(const QString &file, const Findings &findings)
+void FindingPrinter::printWithPaths(const Findings &findings)
 {
     for (const Finding &finding : findings) {
         const QString path = valuePathToText(finding.path);
-        print(file, finding, path.isEmpty() ? finding.text : path + QLatin1String(": ") + finding.text);
+        print(finding.file, finding, path.isEmpty() ? finding.text : path + QLatin1String(": ") + finding.text);
     }
 }
 
@@ -31,11 +31,13 @@ void FindingPrinter::print(const QString &place, const Finding &finding, const Q
 {
     const bool isError = finding.severity == Severity::Error;
     ++(isError ? m_errors : m_warnings);
-    const QString place_ = m_terminal.styled(printable(place) + QLatin1Char(':'), Style::Bold);
+    const QString start = m_terminal.styled(printable(place) + QLatin1Char(':'), Style::Bold);
     const QString kind = isError ? m_terminal.styled(QStringLiteral("error:"), Style::Error)
                                  : m_terminal.styled(QStringLiteral("warning:"), Style::Warning);
     const QString code = m_terminal.styled(QStringLiteral("[%1]").arg(finding.code), Style::Dim);
-    m_terminal.print(QStringList{place_, kind, printable(text), code}.join(QLatin1Char(' ')));
+    m_terminal.print(QStringList{start, kind, printable(text), code}.join(QLatin1Char(' ')));
+    for (const QString &detail : finding.details)
+        m_terminal.print(QLatin1String("    ") + printable(detail));
 }
 
 QString FindingPrinter::summary() const

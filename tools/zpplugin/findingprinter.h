@@ -17,8 +17,8 @@ public:
     //! As compilers do: "file:line:column: error: text [code]".
     void printWithPositions(const QString &file, const QByteArray &fileText,
                             const Findings &findings);
-    //! Without a file to point into: "file: error: widgets[0].id: text [code]".
-    void printWithPaths(const QString &file, const Findings &findings);
+    //! Without a text to point into: "file: error: widgets[0].id: text [code]".
+    void printWithPaths(const Findings &findings);
 
     int errors() const { return m_errors; }
     int warnings() const { return m_warnings; }

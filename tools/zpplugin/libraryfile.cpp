@@ -146,6 +146,15 @@ LibraryFile LibraryFile::read(const QString &path)
     return result;
 }
 
+QString LibraryFile::whyNotHere() const
+{
+    const LibraryKind needed = libraryKindOf(NARV::INTERNAL::PluginPlatform::running());
+    if (!fault.isEmpty() || kind == needed)
+        return fault;
+    return QStringLiteral("the library is built for another machine: it is %1, needed is %2")
+        .arg(kind.text(), needed.text());
+}
+
 LibraryKind libraryKindOf(const NARV::INTERNAL::PluginPlatform &platform)
 {
     const bool isWindows = QLatin1String(platform.suffix) == QLatin1String(".dll");

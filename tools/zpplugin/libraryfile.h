@@ -28,6 +28,8 @@ struct LibraryFile
     QString fault; //!< why the file is no usable library; empty for none
 
     static LibraryFile read(const QString &path);
+    //! Why this program can not load the file; empty when nothing speaks against it.
+    QString whyNotHere() const;
 };
 
 //! The kind of library that a platform needs.

@@ -20,13 +20,10 @@ using NARV::INTERNAL::WidgetLibraryPluginUtils;
 
 static const QLatin1String metaDataKey("MetaData");
 
-static Finding finding(Severity severity, const char *code, qint64 offset, const QString &text)
+static Finding findingAt(qint64 offset, Severity severity, const char *code, const QString &text)
 {
-    Finding result;
-    result.severity = severity;
-    result.code = QLatin1String(code);
+    Finding result(severity, code, text);
     result.offset = offset;
-    result.text = text;
     return result;
 }
 
@@ -63,7 +60,7 @@ static void scanText(const QByteArray &json, JsonScan &scan, Findings &findings)
         findings[i].offset = atKey ? scan.keyOffset(wanted[i]) : scan.valueOffset(wanted[i]);
     }
     if (!error.message.isEmpty())
-        findings.append(finding(Severity::Warning, "json", error.offset,
+        findings.append(findingAt(error.offset, Severity::Warning, "json",
                                 QStringLiteral("Qt reads this, but it is not valid JSON: ")
                                     + error.message));
 }
@@ -76,7 +73,7 @@ static void addDuplicateKeys(const QByteArray &json, const JsonScan &scan, Findi
     const QVector<TextPosition> firstPositions = textPositions(json, firstOffsets);
     for (int i = 0; i < firstPositions.size(); ++i) {
         const DuplicateKey &duplicate = scan.duplicateKeys()[i];
-        findings.append(finding(Severity::Error, "duplicate-key", duplicate.offset,
+        findings.append(findingAt(duplicate.offset, Severity::Error, "duplicate-key",
                                 QStringLiteral("duplicate key \"%1\", the one in line %2 is lost")
                                     .arg(duplicate.key, QString::number(firstPositions[i].line))));
     }
@@ -88,8 +85,8 @@ static Finding syntaxError(const QByteArray &json, const QJsonParseError &qtErro
     JsonScan scan;
     const JsonSyntaxError error = scan.run(json); // tells better where and why
     if (error.message.isEmpty())
-        return finding(Severity::Error, "json", qtError.offset, qtError.errorString());
-    return finding(Severity::Error, "json", error.offset, error.message);
+        return findingAt(qtError.offset, Severity::Error, "json", qtError.errorString());
+    return findingAt(error.offset, Severity::Error, "json", error.message);
 }
 
 Findings metaDataFileFindings(const QByteArray &json)
@@ -99,7 +96,7 @@ Findings metaDataFileFindings(const QByteArray &json)
     if (error.error != QJsonParseError::NoError)
         return {syntaxError(json, error)};
     if (!document.isObject())
-        return {finding(Severity::Error, "json", 0,
+        return {findingAt(0, Severity::Error, "json",
                         QStringLiteral("an object is needed: { \"id\": ..., \"name\": ... }"))};
 
     Findings findings = metaDataFindings({{metaDataKey, document.object()}});

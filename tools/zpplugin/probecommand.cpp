@@ -46,7 +46,6 @@ static void probe(const QStringList &arguments, ProbeReport &report)
     const WidgetLibraryPluginData *plugin = load(loader, arguments[0]);
     if (!plugin)
         return;
-    report.value(QStringLiteral("libraryPath"), plugin->libraryPath());
     report.value(QStringLiteral("loadingTimeMs"), plugin->loadingTimeMs());
     report.value(QStringLiteral("description"),
                  descriptionToJson(*plugin->metaInformation(), arguments[1]));
@@ -56,13 +55,14 @@ static void probe(const QStringList &arguments, ProbeReport &report)
     loader.unload();
 }
 
+//! The path of the library that the loader loads.
 static QString libraryPath(const QString &path)
 {
     const QDir folder(path);
     const QString id = QDir(folder.absolutePath()).dirName();
     return folder.exists()
         ? NARV::INTERNAL::PluginPlatform::running().libraryPath(folder.absolutePath(), id)
-        : path;
+        : QFileInfo(path).absoluteFilePath();
 }
 
 int runProbe(int argc, char **argv)
@@ -77,8 +77,9 @@ int runProbe(int argc, char **argv)
     limitThisProcess(arguments[2].toInt());
     NARV::narvSetLogMessagePattern(QStringLiteral("%{MESSAGE}"));
     NARV::narvInstallLogMessageHandlerPrivate(&ProbeReport::log, &report);
-    report.value(QStringLiteral("metaData"),
-                 QPluginLoader(libraryPath(arguments[0])).metaData());
+    const QString path = libraryPath(arguments[0]);
+    report.value(QStringLiteral("libraryPath"), path);
+    report.value(QStringLiteral("metaData"), QPluginLoader(path).metaData());
     probe(arguments, report);
     NARV::narvUninstallLogMessageHandlerPrivate();
     report.value(QStringLiteral("isFinished"), true);

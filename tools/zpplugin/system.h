@@ -22,6 +22,6 @@ void limitThisProcess(int seconds);
 QString crashText(int exitCode);
 
 //! The symbol as the author wrote it, or as it is if it is no C++ symbol.
-QString demangled(const QByteArray &symbol);
+QString demangled(const QString &symbol);
 
 } // namespace ZPPluginTool

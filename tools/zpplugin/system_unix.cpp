@@ -1,7 +1,5 @@
 #include "system.h"
 
-#include <QByteArray>
-
 #include <csignal>
 #include <cstdlib>
 #include <memory>
@@ -80,12 +78,12 @@ QString crashText(int exitCode)
         .arg(QString::number(exitCode), QLatin1String(signalName(exitCode)));
 }
 
-QString demangled(const QByteArray &symbol)
+QString demangled(const QString &symbol)
 {
     int status = 0;
     const std::unique_ptr<char, decltype(&std::free)> text(
-        abi::__cxa_demangle(symbol.constData(), nullptr, nullptr, &status), &std::free);
-    return status == 0 ? QString::fromUtf8(text.get()) : QString::fromUtf8(symbol);
+        abi::__cxa_demangle(symbol.toUtf8().constData(), nullptr, nullptr, &status), &std::free);
+    return status == 0 ? QString::fromUtf8(text.get()) : symbol;
 }
 
 } // namespace ZPPluginTool

@@ -1,7 +1,5 @@
 #include "system.h"
 
-#include <QByteArray>
-
 #include <fcntl.h>
 #include <io.h>
 #include <qt_windows.h>
@@ -36,9 +34,9 @@ QString crashText(int exitCode)
     return QStringLiteral("crashed with exception 0x%1").arg(static_cast<uint>(exitCode), 0, 16);
 }
 
-QString demangled(const QByteArray &symbol)
+QString demangled(const QString &symbol)
 {
-    return QString::fromUtf8(symbol);
+    return symbol;
 }
 
 } // namespace ZPPluginTool

@@ -44,9 +44,9 @@ void Terminal::print(const QString &line)
     m_failed |= m_file.write(bytes) != bytes.size();
 }
 
-bool Terminal::flush()
+int Terminal::finish(int exitCode)
 {
-    return m_file.flush() && !m_failed;
+    return m_file.flush() && !m_failed ? exitCode : 2;
 }
 
 } // namespace ZPPluginTool

@@ -21,8 +21,9 @@ public:
     int width() const { return m_width; }
     QString styled(const QString &text, Style style) const;
     void print(const QString &line);
-    //! False when something could not be written, as on a full disk.
-    bool flush();
+    //! Writes out what is left. Gives the code to end with: exitCode, or 2 when something could not
+    //! be written, as on a full disk.
+    int finish(int exitCode);
 
 private:
     QFile m_file;

@@ -4,12 +4,8 @@ namespace ZPPluginTool {
 
 void WarningList::add(const char *code, const QString &text)
 {
-    Finding finding;
-    finding.severity = Severity::Warning;
-    finding.text = text;
-    finding.code = QLatin1String(code);
-    finding.path = m_path;
-    m_findings.append(finding);
+    m_findings.append(Finding(Severity::Warning, code, text));
+    m_findings.last().path = m_path;
 }
 
 void WarningList::addAtKey(const QString &key, const char *code, const QString &text)
