@@ -158,7 +158,8 @@ const FaultRow fieldRows[] = {
     {10038, ".requirements", FIELD("bool") R"("requirements":""})"},
     {10038, ".requirements", FIELD("bool") R"("requirements":"f >= 1"})"},
     {10039, ".defaultFont", FIELD("string") R"("multiLanguage":true,"defaultFont":"Roboto"})"},
-    {10039, ".defaultFont", FIELD("stringMap") R"("multiLanguage":true,"defaultFont":{"size":-1}})"},
+    {10039, ".defaultFont",
+     FIELD("stringMap") R"("multiLanguage":true,"defaultFont":{"size":-1}})"},
     {10034, ".minimum", FIELD("integer") R"("minimum":"1"})"},
     {10035, ".maximum", FIELD("double") R"("maximum":"1"})"},
     {10034, ".minimum", FIELD("integer") R"("minimum":6,"maximum":5})"},
@@ -196,14 +197,14 @@ QJsonObject parsed(const QByteArray &json)
 
 QByteArray libraryOf(const QByteArray &widget)
 {
-    return "{\"MetaData\":{" COMMON ",\"widgets\":[{\"id\":\"ok\",\"version\":\"1.0.0\"}," + widget
-        + "]}}";
+    return "{\"MetaData\":{" COMMON ",\"widgets\":[{\"id\":\"ok\",\"version\":\"1.0.0\"}," +
+           widget + "]}}";
 }
 
 QByteArray widgetOf(const QByteArray &field)
 {
-    return R"({"id":"w","version":"1.0.0","fields":[{"id":"ok","type":"bool","display":""},)"
-        + field + "]}";
+    return R"({"id":"w","version":"1.0.0","fields":[{"id":"ok","type":"bool","display":""},)" +
+           field + "]}";
 }
 
 } // namespace
@@ -357,11 +358,11 @@ void tst_MetaDataFaults::hostileInput_data()
     const QByteArray megabyte(1 << 20, 'x');
     QByteArray fields;
     for (int i = 0; i < 100000; ++i) {
-        fields += (i ? ",{\"id\":\"f" : "{\"id\":\"f") + QByteArray::number(i)
-            + R"(","type":"bool","display":"D","requirements":"f0"})";
+        fields += (i ? ",{\"id\":\"f" : "{\"id\":\"f") + QByteArray::number(i) +
+                  R"(","type":"bool","display":"D","requirements":"f0"})";
     }
-    QTest::newRow("deep nesting") << libraryOf(widgetOf(FIELD("string") "\"defaultValue\":" + open
-                                                        + close + "}"))
+    QTest::newRow("deep nesting") << libraryOf(widgetOf(FIELD("string") "\"defaultValue\":" + open +
+                                                        close + "}"))
                                   << 10031;
     QTest::newRow("megabyte id") << libraryOf(R"({"id":")" + megabyte + R"(","version":"1.0.0"})")
                                  << 0;

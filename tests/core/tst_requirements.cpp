@@ -69,18 +69,18 @@ void tst_Requirements::terms()
     QCOMPARE(written.join(QLatin1Char(';')), terms);
 }
 
-// The grammar's own definition, which takes exponential time on some long texts.
+// The grammar as a regular expression, which gives up on some long texts.
 void tst_Requirements::acceptsWhatTheGrammarAccepts()
 {
     const QRegularExpression grammar(QStringLiteral(
-        R"(^(?:(?:[a-zA-Z\d_]+)+(?:(?: ){0,1}(?:==|<|>){1}(?: ){0,1}(?:[\+-]{0,1}[\d]+|[\d]+\.[\d]+)"
-        R"(|true|false){1}){0,1}(?: ){0,1}(?:&&|\|\|){1}(?: ){0,1})*(?:(?:[a-zA-Z\d_]+)+(?: ){0,1})"
+        R"(^(?:[a-zA-Z\d_]+(?:(?: ){0,1}(?:==|<|>){1}(?: ){0,1}(?:[\+-]{0,1}[\d]+|[\d]+\.[\d]+)"
+        R"(|true|false){1}){0,1}(?: ){0,1}(?:&&|\|\|){1}(?: ){0,1})*(?:[a-zA-Z\d_]+(?: ){0,1})"
         R"((?:(?:==|<|>){1}(?: ){0,1}(?:[\+-]{0,1}[\d]+|[\d]+\.[\d]+|true|false){1}){0,1}){1}\z)"));
     QVERIFY(grammar.isValid());
-    const QStringList pieces{QStringLiteral("a"),  QStringLiteral("b_2"), QStringLiteral(" "),
-                             QStringLiteral("=="), QStringLiteral("<"),   QStringLiteral(">"),
-                             QStringLiteral("&&"), QStringLiteral("||"),  QStringLiteral("7"),
-                             QStringLiteral("-"),  QStringLiteral("+"),   QStringLiteral("."),
+    const QStringList pieces{QStringLiteral("a"),   QStringLiteral("b_2"), QStringLiteral(" "),
+                             QStringLiteral("=="),  QStringLiteral("<"),   QStringLiteral(">"),
+                             QStringLiteral("&&"),  QStringLiteral("||"),  QStringLiteral("7"),
+                             QStringLiteral("-"),   QStringLiteral("+"),   QStringLiteral("."),
                              QStringLiteral("true")};
     QRandomGenerator random(20261);
     int accepted = 0;

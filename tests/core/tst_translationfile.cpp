@@ -58,8 +58,9 @@ static QStringList described(const Texts &list)
 {
     QStringList lines;
     for (const TranslationStringType &text : list)
-        lines += QStringList{text.get(english, false), text.comment(), text.get(italian, false)}
-                     .join(QLatin1Char('|'));
+        lines +=
+            QStringList{text.get(english, false), text.comment(), text.get(italian, false)}.join(
+                QLatin1Char('|'));
     return lines;
 }
 
@@ -95,8 +96,8 @@ void tst_TranslationFile::rows_data()
     row("four fields", "h\na,b,c,d\n", false);
     row("blank line", "h\na,b,c\n\nd,e,f\n", false);
     row("carriage return inside", "h\na,\rb,c\n", true, {QStringLiteral("a|\rb|c")});
-    row("utf-16",
-        QByteArray("\xff\xfeh\0\n\0a\0,\0b\0,\0\xe8\0\n\0", 18), true, {QStringLiteral("a|b|è")});
+    row("utf-16", QByteArray("\xff\xfeh\0\n\0a\0,\0b\0,\0\xe8\0\n\0", 18), true,
+        {QStringLiteral("a|b|è")});
     row("utf-8", "h\nä,€,è\n", true, {QStringLiteral("ä|€|è")});
 }
 
@@ -115,7 +116,8 @@ void tst_TranslationFile::merges()
     Texts list{entry(QStringLiteral("On"), QStringLiteral("lamp"), QString())};
     QVERIFY(import("h\nOff,,Spento\nOn,lamp,Acceso\n", list));
     QCOMPARE(list.size(), 2);
-    QVERIFY(list[0] == entry(QStringLiteral("On"), QStringLiteral("lamp"), QStringLiteral("Acceso")));
+    QVERIFY(list[0] ==
+            entry(QStringLiteral("On"), QStringLiteral("lamp"), QStringLiteral("Acceso")));
     QVERIFY(list[1] == entry(QStringLiteral("Off"), QString(), QStringLiteral("Spento")));
     QVERIFY(import("h\nOn,lamp,An\n", list, QStringLiteral("de-DE")));
     QCOMPARE(list.size(), 2);

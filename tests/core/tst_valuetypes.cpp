@@ -58,8 +58,8 @@ void tst_ValueTypes::versionFromText()
 {
     QFETCH(QString, canonical);
     const bool isLong = QByteArray(QTest::currentDataTag()) == "megabyte of dots";
-    const QString text = isLong ? QString(1 << 20, QLatin1Char('.'))
-                                : QString::fromLatin1(QTest::currentDataTag());
+    const QString text =
+        isLong ? QString(1 << 20, QLatin1Char('.')) : QString::fromLatin1(QTest::currentDataTag());
     const VersionType version(text);
     QCOMPARE(version.version(), canonical);
     QCOMPARE(version.isValid(), !canonical.isEmpty());
@@ -81,8 +81,8 @@ void tst_ValueTypes::versionFromNumbers()
 
 void tst_ValueTypes::versionOrder()
 {
-    const QList<VersionType> ascending{
-        {0, 0, 0}, {0, 0, 1}, {0, 1, 0}, {1, 0, 0}, {1, 9, 0}, {1, 10, 0}, {4294967295, 0, 0}};
+    const QList<VersionType> ascending{{0, 0, 0}, {0, 0, 1},  {0, 1, 0},         {1, 0, 0},
+                                       {1, 9, 0}, {1, 10, 0}, {4294967295, 0, 0}};
     for (int i = 0; i < ascending.size(); ++i) {
         for (int j = 0; j < ascending.size(); ++j) {
             const VersionType &a = ascending[i];
@@ -132,8 +132,7 @@ void tst_ValueTypes::translationContents()
     QVERIFY(other != text);
 
     const QVariant travelling = QVariant::fromValue(text);
-    QCOMPARE(travelling.typeName(),
-             "NARV::INTERNAL::PluginMetaInformation::TranslationStringType");
+    QCOMPARE(travelling.typeName(), "NARV::INTERNAL::PluginMetaInformation::TranslationStringType");
     QVERIFY(travelling.value<TranslationStringType>() == text);
 
     text.clear();
