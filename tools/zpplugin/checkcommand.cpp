@@ -39,15 +39,15 @@ static bool isLibrary(const QString &path)
         return true;
     const QByteArray start = file.read(4);
     return start == QByteArrayLiteral("\x7f"
-                                      "ELF")
-        || start.startsWith("MZ");
+                                      "ELF") ||
+           start.startsWith("MZ");
 }
 
 static void printPassport(const PluginCheck &check, Terminal &terminal)
 {
     for (const auto &entry : check.passport())
-        terminal.print(terminal.styled(entry.first.leftJustified(15), Style::Dim)
-                       + printable(entry.second));
+        terminal.print(terminal.styled(entry.first.leftJustified(15), Style::Dim) +
+                       printable(entry.second));
     terminal.print({});
 }
 
@@ -83,8 +83,8 @@ int runCheck(const QStringList &arguments)
     line.addTimeoutOption();
     if (const auto code = line.parse(arguments))
         return *code;
-    if (!QFileInfo::exists(line.argument()))
-        return line.misused(QStringLiteral("There is no '%1'.").arg(line.argument()));
+    if (const auto code = line.checkPath())
+        return *code;
     return check(line, line.argument());
 }
 

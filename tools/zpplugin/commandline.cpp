@@ -3,21 +3,22 @@
 #include "terminal.h"
 #include "text.h"
 
+#include <QFileInfo>
+
 namespace ZPPluginTool {
 
 int usageError(const QString &command, const QString &reason)
 {
-    Terminal(stderr).print(QStringLiteral("%1: %2\nTry '%1 --help'.")
-                               .arg(command, printable(reason)));
+    Terminal(stderr).print(
+        QStringLiteral("%1: %2\nTry '%1 --help'.").arg(command, printable(reason)));
     return WrongUsage;
 }
 
 CommandLine::CommandLine(const CommandHelp &help)
     : m_help(help)
 {
-    m_parser.addPositionalArgument(QString(), QString(), QLatin1String(help.arguments));
-    m_parser.addOption({{QStringLiteral("h"), QStringLiteral("help")},
-                        QStringLiteral("Show this help.")});
+    m_parser.addOption(
+        {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
 }
 
 static const QString timeoutName = QStringLiteral("timeout");
@@ -61,10 +62,18 @@ std::optional<int> CommandLine::parse(const QStringList &arguments)
 QString CommandLine::helpText() const
 {
     const QString generated = m_parser.helpText();
-    const QString options = generated.mid(generated.indexOf(QLatin1String("Options:")));
+    const QString options = generated.mid(generated.indexOf(QLatin1String("Options:"))).trimmed();
     return QStringLiteral("Usage: zpplugin %1 [options] %2\n\n%3\n\n%4")
         .arg(QLatin1String(m_help.name), QLatin1String(m_help.arguments),
              QString::fromUtf8(m_help.text), options);
+}
+
+std::optional<int> CommandLine::checkPath() const
+{
+    const QFileInfo info(argument());
+    if (info.isFile() || info.isDir())
+        return {};
+    return misused(QStringLiteral("There is no file or folder '%1'.").arg(argument()));
 }
 
 int CommandLine::misused(const QString &reason) const

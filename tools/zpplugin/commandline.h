@@ -44,6 +44,9 @@ public:
     QStringList values(const QString &option) const { return m_parser.values(option); }
     //! The value of the timeout option.
     int seconds() const { return m_seconds; }
+    //! Gives the code to end with if that argument is no file or folder that is there, which has
+    //! then been reported.
+    std::optional<int> checkPath() const;
     //! Reports what is wrong with the arguments; gives the code to end with.
     int misused(const QString &reason) const;
 

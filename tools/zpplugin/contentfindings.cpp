@@ -69,9 +69,9 @@ Findings translationFindings(const QJsonObject &translations)
                                                    "metadata names")
                                         .arg(it.key())));
         for (const QJsonValue &text : translation[Key("missing")].toArray())
-            findings.append(
-                Finding(Severity::Warning, "translation",
-                        QStringLiteral("no %1 translation of \"%2\"").arg(it.key(), text.toString())));
+            findings.append(Finding(
+                Severity::Warning, "translation",
+                QStringLiteral("no %1 translation of \"%2\"").arg(it.key(), text.toString())));
     }
     return findings;
 }

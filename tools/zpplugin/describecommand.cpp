@@ -7,7 +7,6 @@
 
 #include <NARV/INTERNAL/MetaDataChecker>
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
@@ -97,8 +96,8 @@ int runDescribe(const QStringList &arguments)
     if (line.isSet(languageOption) && !languageCode.match(language).hasMatch())
         return line.misused(
             QStringLiteral("A language is named as in it-IT, not '%1'.").arg(language));
-    if (!QFileInfo::exists(line.argument()))
-        return line.misused(QStringLiteral("There is no '%1'.").arg(line.argument()));
+    if (const auto code = line.checkPath())
+        return *code;
     return describe(line);
 }
 

@@ -92,7 +92,8 @@ QJsonObject fontToJson(const QFont &font)
 template<typename TextType>
 QJsonValue DescriptionWriter::texts(const Library::FieldMetaInformation &field) const
 {
-    using List = std::conditional_t<std::is_same_v<TextType, QString>, QStringList, QList<TextType>>;
+    using List =
+        std::conditional_t<std::is_same_v<TextType, QString>, QStringList, QList<TextType>>;
     switch (field.type()) {
     case FieldType::String:
         return value(field.defaultValue().value<TextType>());
@@ -112,7 +113,8 @@ QJsonValue DescriptionWriter::defaultValue(const Library::FieldMetaInformation &
         return field.isMultiLanguage() ? texts<Text>(field) : texts<QString>(field);
     case FieldType::Color: {
         const auto color = field.defaultValue().value<QColor>();
-        return color.isValid() ? color.name(QColor::HexArgb) : QJsonValue();
+        const auto format = color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb;
+        return color.isValid() ? color.name(format) : QJsonValue();
     }
     case FieldType::Font:
         return fontToJson(field.defaultValue().value<QFont>());

@@ -84,12 +84,11 @@ QString objectText(const QJsonObject &object)
         valueText(object.value(isOption ? Key("option") : Key("value"))));
 }
 
-//! The value in words; empty when it is not worth a line.
 QString valueText(const QJsonValue &value)
 {
     switch (value.type()) {
     case QJsonValue::Bool:
-        return value.toBool() ? QStringLiteral("yes") : QString();
+        return value.toBool() ? QStringLiteral("yes") : QStringLiteral("no");
     case QJsonValue::Double:
         return QString::number(value.toDouble(), 'g', 12);
     case QJsonValue::Object:
@@ -122,8 +121,12 @@ public:
     template<size_t size>
     void rows(const Row (&rows)[size], const QJsonObject &object)
     {
-        for (const Row &row : rows)
-            print(row.label, valueText(object.value(Key(row.key))));
+        for (const Row &row : rows) {
+            const QJsonValue value = object.value(Key(row.key));
+            // What a widget or field does not have needs no line.
+            if (value != QJsonValue(false) || Key(row.key) == Key("defaultValue"))
+                print(row.label, valueText(value));
+        }
     }
 
 private:
@@ -131,8 +134,8 @@ private:
     {
         QString start = QLatin1String(label);
         for (const QString &line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
-            m_terminal.print(m_indentation + QLatin1String("  ") + start.leftJustified(22)
-                             + printable(line));
+            m_terminal.print(m_indentation + QLatin1String("  ") + start.leftJustified(22) +
+                             printable(line));
             start.clear();
         }
     }

@@ -35,11 +35,11 @@ static void warnOfInteger(const QJsonObject &object, Key key, WarningList &warni
     if (number == stored || std::isnan(number))
         return;
     const QString reason = std::abs(number - stored) < 1
-        ? QStringLiteral("%1 is no whole number")
-        : QStringLiteral("%1 does not fit into 32 bits");
-    warnings.addAt(
-        QString(key), "number",
-        reason.arg(numberText(number)) + QStringLiteral(", it is stored as %1").arg(stored));
+                               ? QStringLiteral("%1 is no whole number")
+                               : QStringLiteral("%1 does not fit into 32 bits");
+    warnings.addAt(QString(key), "number",
+                   reason.arg(numberText(number)) +
+                       QStringLiteral(", it is stored as %1").arg(stored));
 }
 
 //! Warns of elements with the same number under key; tells what becomes of them.
@@ -114,19 +114,20 @@ static void warnOfStartValue(const QJsonObject &field, WarningList &warnings)
     const QJsonValue given = field.value(defaultValueKey);
     const QJsonValue minimum = field.value(minimumKey);
     const QJsonValue maximum = field.value(maximumKey);
-    const bool isReversed = minimum.isDouble() && maximum.isDouble()
-        && minimum.toDouble() > maximum.toDouble();
+    const bool isReversed =
+        minimum.isDouble() && maximum.isDouble() && minimum.toDouble() > maximum.toDouble();
     const QString fault = outOfBounds(given.toDouble(), minimum, maximum);
     if (isReversed || fault.isEmpty())
         return;
     if (given.isUndefined())
-        warnings.add("default-value",
-                     QStringLiteral("without a \"defaultValue\" the field starts with 0, which is ")
-                         + fault);
+        warnings.add(
+            "default-value",
+            QStringLiteral("without a \"defaultValue\" the field starts with 0, which is ") +
+                fault);
     else if (given.isDouble())
-        warnings.addAt(QString(defaultValueKey), "default-value",
-                       QStringLiteral("the default value %1 is %2")
-                           .arg(numberText(given.toDouble()), fault));
+        warnings.addAt(
+            QString(defaultValueKey), "default-value",
+            QStringLiteral("the default value %1 is %2").arg(numberText(given.toDouble()), fault));
 }
 
 static void warnOfIntegers(const QJsonObject &field, WarningList &warnings)

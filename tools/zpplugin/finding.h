@@ -6,7 +6,11 @@
 
 namespace ZPPluginTool {
 
-enum class Severity { Error, Warning };
+enum class Severity
+{
+    Error,
+    Warning
+};
 
 //! One thing that an author should know.
 struct Finding

@@ -13,8 +13,9 @@ void FindingPrinter::printWithPositions(const QString &file, const QByteArray &f
         offsets.append(finding.offset);
     const QVector<TextPosition> positions = textPositions(fileText, offsets);
     for (int i = 0; i < findings.size(); ++i) {
-        const QString place = QStringLiteral("%1:%2:%3").arg(
-            file, QString::number(positions[i].line), QString::number(positions[i].column));
+        const QString place = QStringLiteral("%1:%2:%3")
+                                  .arg(file, QString::number(positions[i].line),
+                                       QString::number(positions[i].column));
         print(place, findings[i], findings[i].text);
     }
 }
@@ -23,7 +24,8 @@ void FindingPrinter::printWithPaths(const Findings &findings)
 {
     for (const Finding &finding : findings) {
         const QString path = valuePathToText(finding.path);
-        print(finding.file, finding, path.isEmpty() ? finding.text : path + QLatin1String(": ") + finding.text);
+        print(finding.file, finding,
+              path.isEmpty() ? finding.text : path + QLatin1String(": ") + finding.text);
     }
 }
 
@@ -37,7 +39,7 @@ void FindingPrinter::print(const QString &place, const Finding &finding, const Q
     const QString code = m_terminal.styled(QStringLiteral("[%1]").arg(finding.code), Style::Dim);
     m_terminal.print(QStringList{start, kind, printable(text), code}.join(QLatin1Char(' ')));
     for (const QString &detail : finding.details)
-        m_terminal.print(QLatin1String("    ") + printable(detail));
+        m_terminal.print(QLatin1String("    | ") + printable(detail));
 }
 
 QString FindingPrinter::summary() const
@@ -45,8 +47,8 @@ QString FindingPrinter::summary() const
     const auto part = [](int count, const QString &noun) {
         return count == 0 ? QStringLiteral("no %1s").arg(noun) : counted(count, noun);
     };
-    return part(m_errors, QStringLiteral("error")) + QStringLiteral(", ")
-        + part(m_warnings, QStringLiteral("warning"));
+    return part(m_errors, QStringLiteral("error")) + QStringLiteral(", ") +
+           part(m_warnings, QStringLiteral("warning"));
 }
 
 } // namespace ZPPluginTool

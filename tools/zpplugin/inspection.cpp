@@ -31,14 +31,14 @@ static QString classFault(const QMetaObject *metaObject, const ConstructorMatch 
     if (match.isValid())
         return {};
     if (!metaObject)
-        return QStringLiteral("is null");
+        return QStringLiteral("none is registered");
     const QString name = QString::fromLatin1(metaObject->className());
     if (!metaObject->inherits(&base))
         return QStringLiteral("%1 does not derive from %2")
             .arg(name, QString::fromLatin1(base.className()));
     return QStringLiteral("%1 can not be constructed: found %2, needed Q_INVOKABLE %3(const %4 &)")
-        .arg(name, foundConstructors(*metaObject),
-             name.mid(name.lastIndexOf(QLatin1Char(':')) + 1), argumentType);
+        .arg(name, foundConstructors(*metaObject), name.mid(name.lastIndexOf(QLatin1Char(':')) + 1),
+             argumentType);
 }
 
 QJsonArray registrations(NARV::WidgetLibraryPlugin &plugin)
@@ -85,10 +85,10 @@ QJsonObject translations(const Library &info)
         const QString path =
             QStringLiteral(":/%1/resources/translation/%2.csv").arg(info.id(), language);
         const bool isFile = QFile::exists(path);
-        result.insert(language,
-                      QJsonObject{{QLatin1String("isFile"), isFile},
-                                  {QLatin1String("missing"),
-                                   isFile ? untranslatedTexts(info, path, language) : QJsonArray()}});
+        result.insert(language, QJsonObject{{QLatin1String("isFile"), isFile},
+                                            {QLatin1String("missing"),
+                                             isFile ? untranslatedTexts(info, path, language)
+                                                    : QJsonArray()}});
     }
     return result;
 }

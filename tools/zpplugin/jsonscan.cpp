@@ -165,11 +165,13 @@ static QString errorText(rapidjson::ParseErrorCode code)
 JsonSyntaxError JsonScan::run(const QByteArray &json)
 {
     const int base = json.startsWith("\xef\xbb\xbf") ? 3 : 0;
-    rapidjson::MemoryStream stream(json.constData() + base, static_cast<size_t>(json.size() - base));
+    rapidjson::MemoryStream stream(json.constData() + base,
+                                   static_cast<size_t>(json.size() - base));
     Handler handler(*this, json.constData(), stream, base);
     rapidjson::Reader reader;
-    constexpr unsigned flags = rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag
-        | rapidjson::kParseNumbersAsStringsFlag;
+    constexpr unsigned flags = rapidjson::kParseIterativeFlag |
+                               rapidjson::kParseValidateEncodingFlag |
+                               rapidjson::kParseNumbersAsStringsFlag;
     const rapidjson::ParseResult result = reader.Parse<flags>(stream, handler);
     if (!result.IsError())
         return {};

@@ -27,9 +27,8 @@ static QStringList keysOf(MetaDataObject kind)
 
 static void warnOfUnknownKey(const QString &key, const QStringList &known, WarningList &warnings)
 {
-    warnings.addAtKey(
-        key, "unknown-key",
-        QStringLiteral("unknown key \"%1\"%2").arg(key, didYouMean(key, known)));
+    warnings.addAtKey(key, "unknown-key",
+                      QStringLiteral("unknown key \"%1\"%2").arg(key, didYouMean(key, known)));
 }
 
 void warnOfUnknownKeys(const QJsonObject &object, MetaDataObject kind, WarningList &warnings)

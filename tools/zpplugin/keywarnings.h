@@ -7,7 +7,14 @@
 namespace ZPPluginTool {
 
 //! The kinds of object in a plugin's metadata that have keys of their own.
-enum class MetaDataObject { Plugin, Widget, Option, TextOfMap, Font };
+enum class MetaDataObject
+{
+    Plugin,
+    Widget,
+    Option,
+    TextOfMap,
+    Font
+};
 
 //! Warns of keys that the reader does not know.
 void warnOfUnknownKeys(const QJsonObject &object, MetaDataObject kind, WarningList &warnings);

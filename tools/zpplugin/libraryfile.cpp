@@ -7,6 +7,8 @@
 
 namespace ZPPluginTool {
 
+using NARV::INTERNAL::PluginPlatform;
+
 namespace {
 
 //! A processor under all its names and numbers.
@@ -20,11 +22,11 @@ struct Machine
 };
 
 constexpr Machine machines[] = {
-    {"x86", 32, 3, 0x014c, "x86"},       {"x86-64", 64, 62, 0x8664, "x64"},
-    {"ARM", 32, 40, 0x01c4, "arm32"},    {"AArch64", 64, 183, 0xaa64, "arm64"},
-    {"MIPS", 32, 8, 0x0166, ""},         {"PowerPC", 32, 20, 0x01f0, ""},
-    {"PowerPC", 64, 21, -1, ""},         {"RISC-V", 64, 243, 0x5064, ""},
-    {"RISC-V", 32, 243, 0x5032, ""},     {"LoongArch", 64, 258, 0x6264, ""},
+    {"x86", 32, 3, 0x014c, "x86"},    {"x86-64", 64, 62, 0x8664, "x64"},
+    {"ARM", 32, 40, 0x01c4, "arm32"}, {"AArch64", 64, 183, 0xaa64, "arm64"},
+    {"MIPS", 32, 8, 0x0166, ""},      {"PowerPC", 32, 20, 0x01f0, ""},
+    {"PowerPC", 64, 21, -1, ""},      {"RISC-V", 64, 243, 0x5064, ""},
+    {"RISC-V", 32, 243, 0x5032, ""},  {"LoongArch", 64, 258, 0x6264, ""},
 };
 
 QString machineName(int number, int Machine::*numbers)
@@ -125,7 +127,9 @@ bool LibraryKind::operator==(const LibraryKind &other) const
 
 QString LibraryKind::text() const
 {
-    return QStringLiteral("%1, %2, %3 bit").arg(format, machine, QString::number(bits));
+    return format.isEmpty()
+               ? QString()
+               : QStringLiteral("%1, %2, %3 bit").arg(format, machine, QString::number(bits));
 }
 
 LibraryFile LibraryFile::read(const QString &path)
@@ -137,7 +141,9 @@ LibraryFile LibraryFile::read(const QString &path)
         return result;
     }
     const QByteArray head = file.read(64);
-    if (head.startsWith("\x7f" "ELF") && head.size() > 16)
+    if (head.startsWith("\x7f"
+                        "ELF") &&
+        head.size() > 16)
         return readElf(head, file.size());
     if (head.startsWith("MZ"))
         return readPe(file, head);
@@ -146,16 +152,8 @@ LibraryFile LibraryFile::read(const QString &path)
     return result;
 }
 
-QString LibraryFile::whyNotHere() const
-{
-    const LibraryKind needed = libraryKindOf(NARV::INTERNAL::PluginPlatform::running());
-    if (!fault.isEmpty() || kind == needed)
-        return fault;
-    return QStringLiteral("the library is built for another machine: it is %1, needed is %2")
-        .arg(kind.text(), needed.text());
-}
-
-LibraryKind libraryKindOf(const NARV::INTERNAL::PluginPlatform &platform)
+//! The kind of library that a platform needs.
+static LibraryKind kindFor(const PluginPlatform &platform)
 {
     const bool isWindows = QLatin1String(platform.suffix) == QLatin1String(".dll");
     for (const Machine &machine : machines) {
@@ -164,6 +162,16 @@ LibraryKind libraryKindOf(const NARV::INTERNAL::PluginPlatform &platform)
                     QLatin1String(machine.name), machine.bits};
     }
     return {};
+}
+
+QString LibraryFile::whyNotFor(const PluginPlatform &platform) const
+{
+    const LibraryKind needed = kindFor(platform);
+    if (!fault.isEmpty() || kind == needed)
+        return fault;
+    return QStringLiteral("the library is built for another machine: it is %1; %2/%3 is %4")
+        .arg(kind.text(), QLatin1String(platform.system), QLatin1String(platform.machine),
+             needed.text());
 }
 
 } // namespace ZPPluginTool

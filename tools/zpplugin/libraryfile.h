@@ -17,7 +17,7 @@ struct LibraryKind
 
     bool operator==(const LibraryKind &other) const;
     bool operator!=(const LibraryKind &other) const { return !(*this == other); }
-    //! Such as "ELF, AArch64, 64 bit".
+    //! Such as "ELF, AArch64, 64 bit"; empty when the file is no library.
     QString text() const;
 };
 
@@ -28,11 +28,8 @@ struct LibraryFile
     QString fault; //!< why the file is no usable library; empty for none
 
     static LibraryFile read(const QString &path);
-    //! Why this program can not load the file; empty when nothing speaks against it.
-    QString whyNotHere() const;
+    //! Why a platform can not load the file; empty when nothing speaks against it.
+    QString whyNotFor(const NARV::INTERNAL::PluginPlatform &platform) const;
 };
-
-//! The kind of library that a platform needs.
-LibraryKind libraryKindOf(const NARV::INTERNAL::PluginPlatform &platform);
 
 } // namespace ZPPluginTool

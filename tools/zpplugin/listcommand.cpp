@@ -55,11 +55,11 @@ private:
 
 void PluginList::add(const QString &folder, const ProbeResult &result)
 {
-    if (!result.failure.isEmpty())
+    if (!result.failure.isEmpty()) {
         m_failures.append({folder, result.failure});
-    const QJsonObject description = result.values.value(QLatin1String("description")).toObject();
-    if (description.isEmpty())
         return;
+    }
+    const QJsonObject description = result.values.value(QLatin1String("description")).toObject();
     const auto text = [&](const char *key) {
         return description.value(QLatin1String(key)).toString();
     };
@@ -117,7 +117,8 @@ int runList(const QStringList &arguments)
         if (disabled.contains(name))
             list.addDisabled();
         else
-            list.add(name, Probe({folder.absoluteFilePath(name), ownLanguage, line.seconds()}).run());
+            list.add(name,
+                     Probe({folder.absoluteFilePath(name), ownLanguage, line.seconds()}).run());
     }
     Terminal terminal(stdout);
     list.print(line.argument(), terminal);

@@ -21,16 +21,18 @@ static const struct
 
 static QString helpText()
 {
-    QString text = QStringLiteral("Usage: zpplugin COMMAND [options] ARGUMENT\n\n"
-                                  "Looks at widget-library plugins without an editor or a panel.\n\n"
-                                  "Commands:\n");
+    QString text =
+        QStringLiteral("Usage: zpplugin COMMAND [options] ARGUMENT\n\n"
+                       "Looks at widget-library plugins without an editor or a panel.\n\n"
+                       "Commands:\n");
     for (const auto &command : commands)
-        text += QStringLiteral("  %1  %2\n").arg(QLatin1String(command.help.name), -10)
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(QLatin1String(command.help.name), -10)
                     .arg(QLatin1String(command.help.summary));
-    return text
-        + QStringLiteral("\n'zpplugin COMMAND --help' tells more. 'zpplugin --version' prints the "
-                         "version.\n"
-                         "Exit code: 0 fine, 1 something was found, 2 wrong usage.");
+    return text +
+           QStringLiteral("\n'zpplugin COMMAND --help' tells more. 'zpplugin --version' prints the "
+                          "version.\n"
+                          "Exit code: 0 fine, 1 something was found, 2 wrong usage.");
 }
 
 static int runCommand(const QString &name, const QStringList &arguments)

@@ -60,9 +60,9 @@ static void scanText(const QByteArray &json, JsonScan &scan, Findings &findings)
         findings[i].offset = atKey ? scan.keyOffset(wanted[i]) : scan.valueOffset(wanted[i]);
     }
     if (!error.message.isEmpty())
-        findings.append(findingAt(error.offset, Severity::Warning, "json",
-                                QStringLiteral("Qt reads this, but it is not valid JSON: ")
-                                    + error.message));
+        findings.append(
+            findingAt(error.offset, Severity::Warning, "json",
+                      QStringLiteral("Qt reads this, but it is not valid JSON: ") + error.message));
 }
 
 static void addDuplicateKeys(const QByteArray &json, const JsonScan &scan, Findings &findings)
@@ -73,9 +73,10 @@ static void addDuplicateKeys(const QByteArray &json, const JsonScan &scan, Findi
     const QVector<TextPosition> firstPositions = textPositions(json, firstOffsets);
     for (int i = 0; i < firstPositions.size(); ++i) {
         const DuplicateKey &duplicate = scan.duplicateKeys()[i];
-        findings.append(findingAt(duplicate.offset, Severity::Error, "duplicate-key",
-                                QStringLiteral("duplicate key \"%1\", the one in line %2 is lost")
-                                    .arg(duplicate.key, QString::number(firstPositions[i].line))));
+        findings.append(
+            findingAt(duplicate.offset, Severity::Error, "duplicate-key",
+                      QStringLiteral("duplicate key \"%1\", the one in line %2 is lost")
+                          .arg(duplicate.key, QString::number(firstPositions[i].line))));
     }
 }
 
@@ -97,7 +98,7 @@ Findings metaDataFileFindings(const QByteArray &json)
         return {syntaxError(json, error)};
     if (!document.isObject())
         return {findingAt(0, Severity::Error, "json",
-                        QStringLiteral("an object is needed: { \"id\": ..., \"name\": ... }"))};
+                          QStringLiteral("an object is needed: { \"id\": ..., \"name\": ... }"))};
 
     Findings findings = metaDataFindings({{metaDataKey, document.object()}});
     JsonScan scan;

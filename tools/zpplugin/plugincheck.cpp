@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QUuid>
 
 namespace ZPPluginTool {
 
@@ -18,22 +19,31 @@ using Key = QLatin1String;
 using NARV::INTERNAL::PluginPlatform;
 
 PluginCheck::PluginCheck(const QString &path, int seconds)
-    : m_probe(Probe({path, ownLanguage, seconds, true}).run())
+    : m_path(path)
+    , m_probe(Probe({path, ownLanguage, seconds, true}).run())
     , m_libraryPath(m_probe.values.value(Key("libraryPath")).toString())
 {
     fillPassport();
-    if (QFileInfo(path).isDir())
-        checkFolder(path);
+    if (isPluginFolder())
+        checkFolder();
     checkMetaData();
     checkSymbols(seconds);
     checkLoading();
+    checkLog();
     checkContent();
+}
+
+//! The path as short as it gets.
+static QString shortPath(const QString &path)
+{
+    const QString relative = QDir::current().relativeFilePath(path);
+    return relative.startsWith(QLatin1String("..")) ? path : relative;
 }
 
 void PluginCheck::add(const Findings &findings, const QString &file)
 {
     for (Finding finding : findings) {
-        finding.file = QDir::current().relativeFilePath(file);
+        finding.file = shortPath(file);
         m_findings.append(finding);
     }
 }
@@ -50,9 +60,9 @@ static QString qtText(const QJsonObject &metaData)
     if (version == 0)
         return {};
     const bool isDebug = metaData.value(Key("debug")).toBool();
-    return QStringLiteral("%1.%2.%3, %4 build")
+    // A library does not tell the third number.
+    return QStringLiteral("%1.%2, %3 build")
         .arg(QString::number(version >> 16), QString::number(version >> 8 & 0xff),
-             QString::number(version & 0xff),
              isDebug ? QStringLiteral("debug") : QStringLiteral("release"));
 }
 
@@ -63,7 +73,7 @@ void PluginCheck::fillPassport()
     stamp("plugin", description.value(Key("name")).toString());
     stamp("version", description.value(Key("version")).toString());
     stamp("id", metaData.value(Key("MetaData")).toObject().value(Key("id")).toString());
-    stamp("library", m_libraryPath);
+    stamp("library", QFileInfo(m_libraryPath).isFile() ? shortPath(m_libraryPath) : QString());
     stamp("machine", LibraryFile::read(m_libraryPath).kind.text());
     stamp("built with Qt", qtText(metaData));
     stamp("interface", metaData.value(Key("IID")).toString());
@@ -74,49 +84,56 @@ void PluginCheck::fillPassport()
                            m_probe.values.value(Key("loadingTimeMs")).toDouble(), 0, 'f', 1));
 }
 
-//! The required platforms, and the one that this program runs on.
+static QString nameOf(const PluginPlatform &platform)
+{
+    return QStringLiteral("%1/%2").arg(QLatin1String(platform.system),
+                                       QLatin1String(platform.machine));
+}
+
+static bool isRequired(const PluginPlatform &platform)
+{
+    const QVector<PluginPlatform> &required = PluginPlatform::required();
+    return std::any_of(required.cbegin(), required.cend(), [&](const PluginPlatform &other) {
+        return nameOf(other) == nameOf(platform);
+    });
+}
+
 static QVector<PluginPlatform> platformsToCheck()
 {
     QVector<PluginPlatform> platforms = PluginPlatform::required();
-    const auto isRunning = [](const PluginPlatform &platform) {
-        const QString id;
-        return platform.libraryPath(id, id) == PluginPlatform::running().libraryPath(id, id);
-    };
-    if (std::none_of(platforms.cbegin(), platforms.cend(), isRunning))
+    if (!isRequired(PluginPlatform::running()))
         platforms.append(PluginPlatform::running());
     return platforms;
 }
 
-static QString faultOnPlatform(const QString &path, const PluginPlatform &platform)
+bool PluginCheck::isPluginFolder() const
 {
-    const LibraryFile file = LibraryFile::read(path);
-    const LibraryKind needed = libraryKindOf(platform);
-    if (!file.fault.isEmpty() || file.kind == needed)
-        return file.fault;
-    return QStringLiteral("built for another machine: it is %1, its folder is for %2")
-        .arg(file.kind.text(), needed.text());
+    const QDir dir(m_path);
+    return dir.exists() && !QUuid(QDir(dir.absolutePath()).dirName()).isNull();
 }
 
-void PluginCheck::checkFolder(const QString &folder)
+void PluginCheck::checkFolder()
 {
     QStringList present;
     QStringList missing;
-    const QDir dir(QDir(folder).absolutePath());
+    const QDir dir(QDir(m_path).absolutePath());
     for (const PluginPlatform &platform : platformsToCheck()) {
         const QString path = platform.libraryPath(dir.path(), dir.dirName());
-        const QString name = QStringLiteral("%1/%2").arg(QLatin1String(platform.system),
-                                                         QLatin1String(platform.machine));
         const bool isThere = QFileInfo(path).isFile();
-        (isThere ? present : missing) += name;
-        const QString fault = isThere ? faultOnPlatform(path, platform) : QString();
+        if (isThere)
+            present += nameOf(platform);
+        else if (isRequired(platform))
+            missing += nameOf(platform);
+        const QString fault = isThere ? LibraryFile::read(path).whyNotFor(platform) : QString();
         if (!fault.isEmpty())
             add({Finding(Severity::Error, "architecture", fault)}, path);
+        m_isExplained |= !fault.isEmpty() && fault == m_probe.failure;
     }
     stamp("platforms", present.isEmpty() ? QStringLiteral("none") : present.join(Key(", ")));
     if (!missing.isEmpty())
-        add({Finding(Severity::Warning, "platform",
+        add({Finding(present.isEmpty() ? Severity::Error : Severity::Warning, "platform",
                      QStringLiteral("no library for %1").arg(missing.join(Key(", "))))},
-            folder);
+            m_path);
 }
 
 void PluginCheck::checkMetaData()
@@ -125,18 +142,18 @@ void PluginCheck::checkMetaData()
     if (!metaData.contains(Key("MetaData")))
         return;
     const Findings findings = metaDataFindings(metaData);
-    m_isExplained = m_probe.failureCode == Key("load") && !findings.isEmpty()
-        && findings.first().text.startsWith(m_probe.failure);
-    add(findings, m_libraryPath);
+    m_isExplained |= m_probe.failureCode == Key("load") && !findings.isEmpty() &&
+                     findings.first().text.startsWith(m_probe.failure);
+    add(findings, m_path);
 }
 
 void PluginCheck::checkSymbols(int seconds)
 {
-    if (!LibraryFile::read(m_libraryPath).whyNotHere().isEmpty())
+    if (!LibraryFile::read(m_libraryPath).whyNotFor(PluginPlatform::running()).isEmpty())
         return;
     for (const QString &symbol : unresolvedSymbols(m_libraryPath, seconds)) {
         add({Finding(Severity::Error, "symbol", QStringLiteral("unresolved symbol: ") + symbol)},
-            m_libraryPath);
+            m_path);
         m_isExplained |= m_probe.failure.contains(symbol);
     }
 }
@@ -148,9 +165,22 @@ void PluginCheck::checkLoading()
     Finding finding;
     finding.code = m_probe.failureCode;
     finding.text = m_probe.failure;
-    if (m_probe.failureCode != Key("load"))
-        finding.details = m_probe.lastWords;
-    add({finding}, m_libraryPath);
+    finding.details = m_probe.lastWords;
+    if (QFileInfo(m_path).isDir() && !isPluginFolder())
+        finding.details = QStringList{
+            QStringLiteral("A plugin folder is named by the plugin's id. For a folder of plugins, "
+                           "see 'zpplugin list --help'.")};
+    if (finding.code == Key("platform")) {
+        finding.severity = Severity::Warning;
+        finding.text += QLatin1String(": the plugin's code was not checked");
+    }
+    add({finding}, m_path);
+}
+
+void PluginCheck::checkLog()
+{
+    for (const QString &text : qAsConst(m_probe.errors))
+        add({Finding(Severity::Error, "log", text)}, m_path);
 }
 
 void PluginCheck::checkContent()
@@ -159,8 +189,8 @@ void PluginCheck::checkContent()
     if (values.contains(Key("registrations")))
         add(registrationFindings(values.value(Key("description"))[Key("widgets")].toArray(),
                                  values.value(Key("registrations")).toArray()),
-            m_libraryPath);
-    add(translationFindings(values.value(Key("translations")).toObject()), m_libraryPath);
+            m_path);
+    add(translationFindings(values.value(Key("translations")).toObject()), m_path);
 }
 
 } // namespace ZPPluginTool

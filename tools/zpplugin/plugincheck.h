@@ -19,15 +19,18 @@ public:
     const Findings &findings() const { return m_findings; }
 
 private:
-    void checkFolder(const QString &folder);
+    bool isPluginFolder() const;
+    void checkFolder();
     void checkMetaData();
     void checkSymbols(int seconds);
     void checkLoading();
+    void checkLog();
     void checkContent();
     void fillPassport();
     void stamp(const char *label, const QString &text);
     void add(const Findings &findings, const QString &file);
 
+    QString m_path;
     ProbeResult m_probe;
     QString m_libraryPath;
     QVector<QPair<QString, QString>> m_passport;

@@ -5,6 +5,8 @@
 #include "system.h"
 #include "unresolvedsymbols.h"
 
+#include <NARV/INTERNAL/PluginPlatform>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -74,9 +76,10 @@ void Probe::readLog(const QJsonObject &record)
 {
     const int type = record.value(QLatin1String("type")).toInt();
     const QString message = record.value(QLatin1String("message")).toString();
-    if (type == QtWarningMsg || type == QtCriticalMsg)
-        m_lastError = message;
-    say(message);
+    if (type == QtCriticalMsg)
+        m_result.errors += message;
+    else
+        say(message);
 }
 
 void Probe::readOutput()
@@ -106,28 +109,36 @@ void Probe::judge(bool isTimeout)
         fail("timeout", QStringLiteral("did not answer within %1 s while %2")
                             .arg(QString::number(m_request.seconds), stage));
     else if (m_process.exitStatus() == QProcess::CrashExit)
-        fail("crash",
-             QStringLiteral("%1 while %2").arg(crashText(m_process.exitCode()), stage));
+        fail("crash", QStringLiteral("%1 while %2").arg(crashText(m_process.exitCode()), stage));
     else if (!isFinished)
         fail("crash", QStringLiteral("ended the process with exit code %1 while %2")
                           .arg(QString::number(m_process.exitCode()), stage));
     else if (!isLoaded)
-        fail("load", whyNotLoaded());
+        failToLoad();
 }
 
-//! The reason in the words of the file's header, which says more than those of the loader.
-QString Probe::whyNotLoaded() const
+void Probe::failToLoad()
 {
-    const QString path = m_result.values.value(QLatin1String("libraryPath")).toString();
-    if (!path.isEmpty() && !QFileInfo(path).isFile())
-        return QStringLiteral("there is no library %1")
-            .arg(QDir(m_request.path).relativeFilePath(path));
-    const QString fault = path.isEmpty() ? QString() : LibraryFile::read(path).whyNotHere();
+    QString error = m_result.errors.isEmpty() ? QString() : m_result.errors.takeLast();
+    // What was logged before is about the same error.
+    m_result.lastWords = m_result.errors + m_result.lastWords;
+    m_result.errors.clear();
+
+    const QFileInfo library(m_result.values.value(QLatin1String("libraryPath")).toString());
+    const QString start = QStringLiteral("Error loading the plugin %1: ").arg(library.filePath());
+    if (!error.startsWith(start))
+        return fail("load", error);
+    if (!library.isFile())
+        return fail("platform",
+                    QStringLiteral("there is no library %1, which this program could load")
+                        .arg(QDir(m_request.path).relativeFilePath(library.filePath())));
+    // The header of the file says more than the loader can, if it is to blame.
+    const QString fault =
+        LibraryFile::read(library.filePath()).whyNotFor(NARV::INTERNAL::PluginPlatform::running());
     if (!fault.isEmpty())
-        return fault;
-    QString reason = m_lastError;
-    reason.remove(QStringLiteral("Error loading the plugin %1: ").arg(path));
-    return path.isEmpty() ? reason : demangledText(reason.replace(path, QFileInfo(path).fileName()));
+        return fail("architecture", fault);
+    error.remove(0, start.size());
+    fail("load", demangledText(error.replace(library.filePath(), library.fileName())));
 }
 
 void Probe::fail(const char *code, const QString &text)

@@ -10,9 +10,9 @@ namespace ZPPluginTool {
 //! What is to be found out about a plugin by loading it.
 struct ProbeRequest
 {
-    QString path;     //!< of its folder or its library
-    QString language; //!< of its texts, as for descriptionToJson()
-    int seconds = 10; //!< how long it may take
+    QString path;         //!< of its folder or its library
+    QString language;     //!< of its texts, as for descriptionToJson()
+    int seconds = 10;     //!< how long it may take
     bool inspect = false; //!< run its load functions and look at what it registers
 };
 
@@ -25,9 +25,12 @@ struct ProbeResult
     //! Why the plugin could not be loaded, or what it did to the process that loaded it; empty when
     //! all went well.
     QString failure;
-    //! The kind of failure: "load", "crash" or "timeout".
+    //! The kind of failure: "load", "crash", "timeout", "architecture" for a file that this machine
+    //! can not load, or "platform" for a folder without a library for this machine.
     QString failureCode;
-    //! What the plugin and the library said last: log records and lines on standard error.
+    //! The errors in the log, without the one that is the failure.
+    QStringList errors;
+    //! What the plugin and the library said last: other log records and lines on standard error.
     QStringList lastWords;
 };
 
@@ -48,13 +51,12 @@ private:
     void readOutput();
     void say(const QString &words);
     void judge(bool isTimeout);
-    QString whyNotLoaded() const;
+    void failToLoad();
     void fail(const char *code, const QString &text);
 
     ProbeRequest m_request;
     ProbeResult m_result;
     QProcess m_process;
-    QString m_lastError;
 };
 
 } // namespace ZPPluginTool

@@ -61,8 +61,15 @@ static QString libraryPath(const QString &path)
     const QDir folder(path);
     const QString id = QDir(folder.absolutePath()).dirName();
     return folder.exists()
-        ? NARV::INTERNAL::PluginPlatform::running().libraryPath(folder.absolutePath(), id)
-        : QFileInfo(path).absoluteFilePath();
+               ? NARV::INTERNAL::PluginPlatform::running().libraryPath(folder.absolutePath(), id)
+               : QFileInfo(path).absoluteFilePath();
+}
+
+//! Leaves out what Qt says of the machine before the plugin comes into play.
+static void printFatalMessage(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtFatalMsg)
+        std::fputs(message.toLocal8Bit().constData(), stderr);
 }
 
 int runProbe(int argc, char **argv)
@@ -70,7 +77,9 @@ int runProbe(int argc, char **argv)
     ProbeReport report;
     // A plugin may make pixmaps and widgets; the machine need not have a display.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(printFatalMessage);
     const QApplication app(argc, argv);
+    qInstallMessageHandler(nullptr);
     const QStringList arguments = QApplication::arguments().mid(2);
     if (arguments.size() < 3)
         return WrongUsage;
@@ -78,6 +87,7 @@ int runProbe(int argc, char **argv)
     NARV::narvSetLogMessagePattern(QStringLiteral("%{MESSAGE}"));
     NARV::narvInstallLogMessageHandlerPrivate(&ProbeReport::log, &report);
     const QString path = libraryPath(arguments[0]);
+    report.stage(QStringLiteral("reading its metadata"));
     report.value(QStringLiteral("libraryPath"), path);
     report.value(QStringLiteral("metaData"), QPluginLoader(path).metaData());
     probe(arguments, report);

@@ -27,8 +27,8 @@ Terminal::Terminal(FILE *stream)
     : m_width(terminalWidth(stream))
 {
     m_file.open(stream, QIODevice::WriteOnly);
-    m_colour = m_width > 0 && qEnvironmentVariableIsEmpty("NO_COLOR")
-        && qgetenv("TERM") != QByteArrayLiteral("dumb");
+    m_colour = m_width > 0 && qEnvironmentVariableIsEmpty("NO_COLOR") &&
+               qgetenv("TERM") != QByteArrayLiteral("dumb");
 }
 
 QString Terminal::styled(const QString &text, Style style) const

@@ -8,7 +8,15 @@
 namespace ZPPluginTool {
 
 //! How a piece of text stands out on a terminal.
-enum class Style { Plain, Bold, Dim, Good, Warning, Error };
+enum class Style
+{
+    Plain,
+    Bold,
+    Dim,
+    Good,
+    Warning,
+    Error
+};
 
 //! One of the program's two output streams. Text is written as UTF-8, without colour unless the
 //! stream is a terminal and NO_COLOR is not set.

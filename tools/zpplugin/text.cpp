@@ -119,8 +119,8 @@ QString elided(const QString &text, int width)
 
 QString counted(int count, const QString &noun)
 {
-    return QStringLiteral("%1 %2").arg(QString::number(count), noun)
-        + (count == 1 ? QString() : QStringLiteral("s"));
+    return QStringLiteral("%1 %2").arg(QString::number(count), noun) +
+           (count == 1 ? QString() : QStringLiteral("s"));
 }
 
 QString closest(const QString &name, const QStringList &candidates)
