@@ -16,6 +16,8 @@ install(FILES
 install(EXPORT ZPPluginLibraryTargets NAMESPACE ZPPluginLibrary::
     DESTINATION ${package_dir} COMPONENT Devel)
 
+# Relative, so that the package works wherever it is installed or moved to.
+file(RELATIVE_PATH pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/ZPPluginLibrary.pc.in
     ${PROJECT_BINARY_DIR}/ZPPluginLibrary.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/ZPPluginLibrary.pc

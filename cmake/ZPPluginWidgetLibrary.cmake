@@ -37,7 +37,7 @@ endfunction()
 function(zpplugin_tool_command result)
     if(ZPPLUGIN_EXECUTABLE)
         set(${result} ${ZPPLUGIN_EXECUTABLE} PARENT_SCOPE)
-    elseif(CMAKE_CROSSCOMPILING)
+    elseif(CMAKE_CROSSCOMPILING OR NOT (TARGET zpplugin OR TARGET ZPPluginLibrary::zpplugin))
         message(FATAL_ERROR "Set ZPPLUGIN_EXECUTABLE to a zpplugin that runs on this machine: "
             "it checks the metadata of widget libraries.")
     elseif(TARGET zpplugin)

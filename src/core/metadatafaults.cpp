@@ -8,7 +8,8 @@ QString JsonPath::toString() const
 {
     QStringList steps;
     for (const JsonPath *step = this; step; step = step->parent) {
-        const QString suffix = step->index < 0 ? QString() : QStringLiteral("[%1]").arg(step->index);
+        const QString suffix =
+            step->index < 0 ? QString() : QStringLiteral("[%1]").arg(step->index);
         steps.prepend(step->key + suffix);
     }
     return steps.join(QLatin1Char('.'));

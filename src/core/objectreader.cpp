@@ -16,8 +16,7 @@ bool ObjectReader::readText(const QJsonValue &value, TranslationStringType &out,
                             TextRule rule) const
 {
     return PluginUtils::infoFromMetaDataParseTranslatableString(
-        value, m_context.language, m_context.translations, out, rule != AsWritten,
-        rule == TrimmedNotEmpty);
+        value, m_context, out, rule != AsWritten, rule == TrimmedNotEmpty);
 }
 
 bool ObjectReader::text(QLatin1String key, int invalid, TranslationStringType &out, TextRule rule)

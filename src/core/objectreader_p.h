@@ -8,12 +8,39 @@
 
 namespace NARV::INTERNAL {
 
+//! The texts read last, so that the many fields with the same group or label share one.
+class RecentTexts
+{
+public:
+    using TranslationStringType = PluginMetaInformation::TranslationStringType;
+
+    struct Entry
+    {
+        QString text;
+        QString comment;
+        TranslationStringType value;
+        bool isUsed = false;
+    };
+
+    //! Where that text is if it was read lately.
+    Entry &entry(const QString &text)
+    {
+        return m_entries[size_t(text.size() + (text.isEmpty() ? 0 : 7 * text[0].unicode())) %
+                         count];
+    }
+
+private:
+    static constexpr size_t count = 64;
+    Entry m_entries[count];
+};
+
 //! What the readers of one plugin's descriptions share.
 struct DescriptionContext
 {
     MetaDataFaults &faults;
     QString language; //!< in which the metadata's own texts are written
     const TranslationTable &translations;
+    RecentTexts recentTexts;
 };
 
 //! Takes typed values out of one JSON object and reports those that are missing or malformed.

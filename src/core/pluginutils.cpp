@@ -56,7 +56,7 @@ bool PluginUtils::isValidLanguageCode(const QString &code)
 }
 
 bool PluginUtils::infoFromMetaDataParseTranslatableString(
-    const QJsonValue &value, const QString &languageCode, const TranslationTable &translations,
+    const QJsonValue &value, DescriptionContext &context,
     PluginMetaInformation::TranslationStringType &result, bool trim, bool mustNotBeEmpty)
 {
     result.clear();
@@ -77,11 +77,16 @@ bool PluginUtils::infoFromMetaDataParseTranslatableString(
         text = std::move(text).trimmed();
     if (mustNotBeEmpty && text.isEmpty())
         return false;
-    const auto *translated = translations.find(text, comment);
-    if (translated)
+    RecentTexts::Entry &recent = context.recentTexts.entry(text);
+    if (recent.isUsed && recent.text == text && recent.comment == comment) {
+        result = recent.value;
+        return true;
+    }
+    if (const auto *translated = context.translations.find(text, comment))
         result = *translated;
     else
-        result = PluginMetaInformation::TranslationStringType(languageCode, text, comment);
+        result = PluginMetaInformation::TranslationStringType(context.language, text, comment);
+    recent = {text, comment, result, true};
     return true;
 }
 
@@ -194,7 +199,7 @@ int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMeta
     }
     metaData = value.toObject();
 
-    DescriptionContext context{faults, {}, translations};
+    DescriptionContext context{faults, {}, translations, {}};
     ObjectReader in(metaData, path, context);
     const QString id = readId(in);
     faults.setPluginId(id);

@@ -7,6 +7,7 @@ class QJsonValue;
 namespace NARV::INTERNAL {
 
 class MetaDataFaults;
+struct DescriptionContext;
 class ObjectReader;
 
 //! Reads what all plugins have in common: the "MetaData" object and the translation files.
@@ -33,9 +34,10 @@ private:
     static int metaInformationFromMetaData(const QJsonObject &json, PluginMetaInformation &info,
                                            QJsonObject &metaData, TranslationTable &translations,
                                            MetaDataFaults &faults);
-    static bool infoFromMetaDataParseTranslatableString(
-        const QJsonValue &value, const QString &languageCode, const TranslationTable &translations,
-        PluginMetaInformation::TranslationStringType &result, bool trim, bool mustNotBeEmpty);
+    static bool
+    infoFromMetaDataParseTranslatableString(const QJsonValue &value, DescriptionContext &context,
+                                            PluginMetaInformation::TranslationStringType &result,
+                                            bool trim, bool mustNotBeEmpty);
     static QStringList readTranslation(ObjectReader &in);
     static void importTranslations(ObjectReader &in, const QString &id, const QStringList &codes,
                                    TranslationTable &translations);

@@ -3,10 +3,12 @@
 #include <QStringView>
 #include <QVector>
 
+#include <zpplugin_export.h>
+
 namespace NARV::INTERNAL {
 
 //! The whole text is a widget or field id: ASCII letters, digits and underscores, at least one.
-bool isIdentifier(QStringView text);
+ZPPLUGIN_EXPORT bool isIdentifier(QStringView text);
 
 //! One term of a requirements text: a field id, alone or compared with a constant.
 struct RequirementsTerm
@@ -22,6 +24,6 @@ struct RequirementsTerm
 //! number without a sign, "true" or "false"; one blank may stand on each side of a comparison and
 //! of a joiner, and behind a field id that ends the text. On false the text is malformed and terms
 //! is empty. The terms refer to the text.
-bool readRequirements(QStringView text, QVector<RequirementsTerm> &terms);
+ZPPLUGIN_EXPORT bool readRequirements(QStringView text, QVector<RequirementsTerm> &terms);
 
 } // namespace NARV::INTERNAL

@@ -9,7 +9,7 @@ TranslationTable::TranslationTable(const QString &languageCode,
     : m_languageCode(languageCode)
     , m_entries(std::move(entries))
 {
-    index();
+    reindex();
 }
 
 QList<PluginMetaInformation::TranslationStringType> TranslationTable::takeEntries()
@@ -19,35 +19,32 @@ QList<PluginMetaInformation::TranslationStringType> TranslationTable::takeEntrie
     return std::move(m_entries);
 }
 
-void TranslationTable::index()
+void TranslationTable::reindex()
 {
     m_first.clear();
     m_first.reserve(m_entries.size());
     m_nextSame.fill(-1, m_entries.size());
     for (int i = m_entries.size() - 1; i >= 0; --i) {
         const TranslationStringType &entry = m_entries.at(i);
-        const Key key(entry.get(m_languageCode, false), entry.comment());
-        m_nextSame[i] = m_first.value(key, -1);
-        m_first.insert(key, i);
+        int &first = m_first.insert(entry.get(m_languageCode, false), entry.comment());
+        m_nextSame[i] = first;
+        first = i;
     }
 }
 
 const PluginMetaInformation::TranslationStringType *
 TranslationTable::find(const QString &text, const QString &comment) const
 {
-    if (m_first.isEmpty())
-        return nullptr;
-    const auto it = m_first.constFind({text, comment});
-    return it == m_first.constEnd() ? nullptr : &m_entries.at(*it);
+    const int index = m_first.find(text, comment);
+    return index < 0 ? nullptr : &m_entries.at(index);
 }
 
 void TranslationTable::add(const QString &text, const QString &comment)
 {
-    const int next = m_entries.size();
-    const Key key(text, comment);
-    if (m_first.contains(key))
+    int &first = m_first.insert(text, comment);
+    if (first >= 0)
         return;
-    m_first.insert(key, next);
+    first = m_entries.size();
     m_nextSame.append(-1);
     m_entries.append(TranslationStringType(m_languageCode, text, comment));
 }
@@ -75,9 +72,9 @@ bool TranslationTable::importFile(const QString &filePath, const QString &langua
 bool TranslationTable::importRow(const Row &row, const QString &languageCode, bool addMissing,
                                  QVector<Change> &changes)
 {
-    const int index = m_first.value({row.source, row.comment}, -1);
-    if (index >= 0)
-        return translate(index, row, languageCode, changes);
+    const int found = m_first.find(row.source, row.comment);
+    if (found >= 0)
+        return translate(found, row, languageCode, changes);
     if (addMissing)
         append(row, languageCode);
     return true;
@@ -102,7 +99,7 @@ void TranslationTable::append(const Row &row, const QString &languageCode)
     TranslationStringType entry(m_languageCode, row.source, row.comment);
     if (languageCode != m_languageCode)
         entry.set(languageCode, row.translation);
-    m_first.insert({row.source, row.comment}, m_entries.size());
+    m_first.insert(row.source, row.comment) = m_entries.size();
     m_nextSame.append(-1);
     m_entries.append(std::move(entry));
 }
@@ -111,17 +108,9 @@ void TranslationTable::append(const Row &row, const QString &languageCode)
 // two with the same key only the first one matters from now on.
 void TranslationTable::rekey(int index, const Row &row)
 {
-    const Key oldKey(row.source, row.comment);
-    if (m_nextSame.at(index) >= 0)
-        m_first.insert(oldKey, m_nextSame.at(index));
-    else
-        m_first.remove(oldKey);
-    const Key newKey(row.translation, row.comment);
-    const auto it = m_first.find(newKey);
-    if (it == m_first.end())
-        m_first.insert(newKey, index);
-    else
-        *it = qMin(*it, index);
+    m_first.insert(row.source, row.comment) = m_nextSame.at(index);
+    int &first = m_first.insert(row.translation, row.comment);
+    first = first < 0 ? index : qMin(first, index);
 }
 
 void TranslationTable::undo(const QVector<Change> &changes, int oldSize,
@@ -136,7 +125,7 @@ void TranslationTable::undo(const QVector<Change> &changes, int oldSize,
         else
             m_entries[change->index].remove(languageCode);
     }
-    index();
+    reindex();
 }
 
 } // namespace NARV::INTERNAL

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/textindex_p.h"
+
 #include <NARV/INTERNAL/PluginMetaInformation>
 
-#include <QHash>
-#include <QPair>
 #include <QVector>
 
 namespace NARV::INTERNAL {
@@ -11,7 +11,7 @@ namespace NARV::INTERNAL {
 //! Translatable texts in order, found by their text in one language and their comment.
 //!
 //! Where several entries have the same text and comment, the first one is found.
-class TranslationTable
+class ZPPLUGIN_EXPORT TranslationTable
 {
 public:
     using TranslationStringType = PluginMetaInformation::TranslationStringType;
@@ -33,8 +33,6 @@ public:
     bool importFile(const QString &filePath, const QString &languageCode, bool addMissing);
 
 private:
-    using Key = QPair<QString, QString>;
-
     //! What a text was before a row set it, to undo an import that fails later.
     struct Change
     {
@@ -57,12 +55,12 @@ private:
     void append(const Row &row, const QString &languageCode);
     void rekey(int index, const Row &row);
     void undo(const QVector<Change> &changes, int oldSize, const QString &languageCode);
-    void index();
+    void reindex();
 
     QString m_languageCode;
     QList<TranslationStringType> m_entries;
-    QHash<Key, int> m_first; //!< the first entry with a key
-    QVector<int> m_nextSame; //!< behind each entry the next one with the same key, or -1
+    TextIndex m_first;       //!< the first entry with a text and comment
+    QVector<int> m_nextSame; //!< behind each entry the next one with the same two, or -1
 };
 
 } // namespace NARV::INTERNAL

@@ -1,39 +1,63 @@
 #include "debug_p.h"
 #include "logdelivery_p.h"
+#include "threadowned_p.h"
 
 #include <NARV/Debug>
 
+#include <memory>
+
 namespace NARV {
 
-DebugPrivate::DebugPrivate(QtMsgType type, const QString &source,
-                           const INTERNAL::LogContext &context)
-    : record{type, {}, source, context}
+using Spare = std::unique_ptr<DebugPrivate>;
+
+static constexpr int keptCapacity = 1000; // characters; a longer text gives its memory back
+
+DebugPrivate *DebugPrivate::create(QtMsgType type, const QString &source,
+                                   const INTERNAL::LogContext &context)
 {
+    Spare *spare = INTERNAL::threadOwned<Spare>();
+    DebugPrivate *d = spare && *spare ? spare->release() : new DebugPrivate;
+    d->record.type = type;
+    d->record.source = source;
+    d->record.context = context;
+    return d;
 }
 
-DebugPrivate::DebugPrivate(const DebugPrivate &other)
-    : record(other.record)
+DebugPrivate *DebugPrivate::copy(const DebugPrivate &other)
 {
-    // The spacing decides which trailing blank is a separator, so it goes with the text.
-    if (other.stream)
-        openStream().setAutoInsertSpaces(other.stream->autoInsertSpaces());
+    const INTERNAL::LogRecord &record = other.record;
+    DebugPrivate *d = create(record.type, record.source, record.context);
+    d->record.text = record.text;
+    // The spacing tells whether a trailing blank is a separator, so it goes with the text.
+    d->stream.setAutoInsertSpaces(other.stream.autoInsertSpaces());
+    return d;
 }
 
-QDebug &DebugPrivate::openStream()
+void DebugPrivate::recycle(DebugPrivate *d)
 {
-    if (!stream)
-        stream.emplace(&record.text);
-    return *stream;
+    Spare recycled(d);
+    Spare *spare = INTERNAL::threadOwned<Spare>();
+    if (!spare || *spare || d->record.text.capacity() > keptCapacity)
+        return;
+    d->clear();
+    *spare = std::move(recycled);
+}
+
+void DebugPrivate::clear()
+{
+    record.text.resize(0);
+    record.source.clear(); // its characters may lie in a plugin that is unloaded next
+    stream.resetFormat();
 }
 
 void DebugPrivate::removeSeparator()
 {
-    if (stream && stream->autoInsertSpaces() && record.text.endsWith(QLatin1Char(' ')))
+    if (stream.autoInsertSpaces() && record.text.endsWith(QLatin1Char(' ')))
         record.text.chop(1);
 }
 
 Debug::Debug(QtMsgType type)
-    : d_ptr(new DebugPrivate(type))
+    : d_ptr(DebugPrivate::create(type))
 {
 }
 
@@ -43,7 +67,7 @@ Debug::Debug(DebugPrivate &dd)
 }
 
 Debug::Debug(const Debug &other)
-    : d_ptr(new DebugPrivate(*other.d_ptr))
+    : d_ptr(DebugPrivate::copy(*other.d_ptr))
 {
 }
 
@@ -52,12 +76,13 @@ Debug::~Debug()
     Q_D(Debug);
     d->removeSeparator();
     INTERNAL::deliver(d->record);
+    DebugPrivate::recycle(d_ptr.take());
 }
 
 QDebug &Debug::debug()
 {
     Q_D(Debug);
-    return d->openStream();
+    return d->stream;
 }
 
 } // namespace NARV

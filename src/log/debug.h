@@ -34,7 +34,7 @@ private:
     friend class LogHandler;
     explicit Debug(DebugPrivate &dd);
 
-    const QScopedPointer<DebugPrivate> d_ptr;
+    QScopedPointer<DebugPrivate> d_ptr;
     Q_DECLARE_PRIVATE(Debug)
 };
 

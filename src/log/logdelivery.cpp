@@ -30,12 +30,13 @@ void INTERNAL::deliver(const LogRecord &record) noexcept
 {
     if (record.text.isEmpty())
         return;
+    void *const userData = installedUserData.load(); // first: a removal clears it last
     const Handler handler = installedHandler.load();
     if (!handler || delivering)
         return;
     try {
         const QScopedValueRollback<bool> guard(delivering, true);
-        handler(record.type, record.source, formatted(record), installedUserData.load());
+        handler(record.type, record.source, formatted(record), userData);
     } catch (...) {
         // A record ends in a destructor: there is nobody to hand the exception to.
     }

@@ -58,7 +58,7 @@ QNoDebug LogHandler::noDebug() const
 Debug LogHandler::record(QtMsgType type) const
 {
     Q_D(const LogHandler);
-    return Debug(*new DebugPrivate(type, d->source, d->context));
+    return Debug(*DebugPrivate::create(type, d->source, d->context));
 }
 
 } // namespace NARV

@@ -52,7 +52,7 @@ private:
 //! It is called on the thread that logs, by several threads at once and with no lock held.
 //! Records logged inside it by the same thread are dropped; an exception it throws is discarded.
 //! Callback and user data are replaced one after the other: a record completed meanwhile may
-//! see the new callback with the old user data, so replace them while no other thread logs.
+//! give the new callback the old user data (null at first), so install while no other thread logs.
 ZPPLUGIN_EXPORT void narvInstallLogMessageHandlerPrivate(
     void (*handler)(int type, const QString &source, const QString &message, void *userData),
     void *userData);

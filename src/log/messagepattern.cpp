@@ -22,11 +22,8 @@ static void appendUtf8(const char *text, const char *fallback, QString &out)
 
 static QLatin1String typeName(QtMsgType type)
 {
-    static constexpr QLatin1String names[] = {
-        QLatin1String("DEBUG"), QLatin1String("WARNING"), QLatin1String("CRITICAL"),
-        QLatin1String("FATAL"), QLatin1String("INFO"),
-    };
-    return uint(type) < std::size(names) ? names[type] : QLatin1String();
+    static const char *const names[] = {"DEBUG", "WARNING", "CRITICAL", "FATAL", "INFO"};
+    return QLatin1String(uint(type) < std::size(names) ? names[type] : nullptr);
 }
 
 static bool hasCategory(const LogRecord &record)
@@ -37,29 +34,34 @@ static bool hasCategory(const LogRecord &record)
 //! A field, which appends its text, or a condition on the tokens that follow.
 struct MessagePattern::Placeholder
 {
-    QLatin1String text;
-    void (*append)(const LogRecord &r, QString &out);
-    bool (*isMet)(const LogRecord &r);
+    const char *text;
+    void (*append)(const LogRecord &r, QString &out) = nullptr;
+    bool (*isMet)(const LogRecord &r) = nullptr;
 };
 
 const MessagePattern::Placeholder MessagePattern::placeholders[] = {
-    // clang-format off
-    {QLatin1String("%{TYPE}"),        [](const LogRecord &r, QString &out) { out += typeName(r.type); }, nullptr},
-    {QLatin1String("%{CATEGORY}"),    [](const LogRecord &r, QString &out) { appendUtf8(r.context.category, "", out); }, nullptr},
-    {QLatin1String("%{MESSAGE}"),     [](const LogRecord &r, QString &out) { out += r.text; }, nullptr},
-    {QLatin1String("%{FILE}"),        [](const LogRecord &r, QString &out) { appendUtf8(r.context.file, "unknown", out); }, nullptr},
-    {QLatin1String("%{LINE}"),        [](const LogRecord &r, QString &out) { out += QString::number(r.context.line); }, nullptr},
-    {QLatin1String("%{FUNCTION}"),    [](const LogRecord &r, QString &out) { appendUtf8(r.context.function, "unknown", out); }, nullptr},
-    {QLatin1String("%{PID}"),         [](const LogRecord &, QString &out) { out += QString::number(QCoreApplication::applicationPid()); }, nullptr},
-    {QLatin1String("%{THREAD}"),      [](const LogRecord &, QString &out) { out += QString::number(quintptr(QThread::currentThreadId())); }, nullptr},
-    {QLatin1String("%{IF-NOT-INFO}"), nullptr, [](const LogRecord &r) { return r.type != QtInfoMsg; }},
-    {QLatin1String("%{IF-CATEGORY}"), nullptr, hasCategory},
-    {QLatin1String("%{IF-DEBUG}"),    nullptr, [](const LogRecord &r) { return r.type == QtDebugMsg; }},
-    {QLatin1String("%{IF-INFO}"),     nullptr, [](const LogRecord &r) { return r.type == QtInfoMsg; }},
-    {QLatin1String("%{IF-WARNING}"),  nullptr, [](const LogRecord &r) { return r.type == QtWarningMsg; }},
-    {QLatin1String("%{IF-CRITICAL}"), nullptr, [](const LogRecord &r) { return r.type == QtCriticalMsg; }},
-    {QLatin1String("%{ENDIF}"),       nullptr, [](const LogRecord &) { return true; }},
-    // clang-format on
+    {"%{TYPE}", [](const LogRecord &r, QString &out) { out += typeName(r.type); }},
+    {"%{CATEGORY}",
+     [](const LogRecord &r, QString &out) { appendUtf8(r.context.category, "", out); }},
+    {"%{MESSAGE}", [](const LogRecord &r, QString &out) { out += r.text; }},
+    {"%{FILE}",
+     [](const LogRecord &r, QString &out) { appendUtf8(r.context.file, "unknown", out); }},
+    {"%{LINE}", [](const LogRecord &r, QString &out) { out += QString::number(r.context.line); }},
+    {"%{FUNCTION}",
+     [](const LogRecord &r, QString &out) { appendUtf8(r.context.function, "unknown", out); }},
+    {"%{PID}", [](const LogRecord &,
+                  QString &out) { out += QString::number(QCoreApplication::applicationPid()); }},
+    {"%{THREAD}",
+     [](const LogRecord &, QString &out) {
+         out += QString::number(quintptr(QThread::currentThreadId()));
+     }},
+    {"%{IF-NOT-INFO}", nullptr, [](const LogRecord &r) { return r.type != QtInfoMsg; }},
+    {"%{IF-CATEGORY}", nullptr, hasCategory},
+    {"%{IF-DEBUG}", nullptr, [](const LogRecord &r) { return r.type == QtDebugMsg; }},
+    {"%{IF-INFO}", nullptr, [](const LogRecord &r) { return r.type == QtInfoMsg; }},
+    {"%{IF-WARNING}", nullptr, [](const LogRecord &r) { return r.type == QtWarningMsg; }},
+    {"%{IF-CRITICAL}", nullptr, [](const LogRecord &r) { return r.type == QtCriticalMsg; }},
+    {"%{ENDIF}", nullptr, [](const LogRecord &) { return true; }},
 };
 
 const MessagePattern::Placeholder &MessagePattern::endIf =
@@ -67,34 +69,36 @@ const MessagePattern::Placeholder &MessagePattern::endIf =
 
 MessagePattern::MessagePattern(const QString &pattern)
 {
-    int from = 0;
+    const QStringView text(pattern);
+    qsizetype from = 0;
     for (;;) {
-        const int open = pattern.indexOf(QLatin1String("%{"), from);
-        const int close = open < 0 ? -1 : pattern.indexOf(QLatin1Char('}'), open);
+        const qsizetype open = text.indexOf(QLatin1String("%{"), from);
+        const qsizetype close = open < 0 ? -1 : text.indexOf(QLatin1Char('}'), open);
         if (close < 0)
             break;
-        addLiteral(pattern.mid(from, open - from));
-        addPlaceholder(pattern.mid(open, close + 1 - open));
+        addLiteral(text.mid(from, open - from));
+        addPlaceholder(text.mid(open, close + 1 - open));
         from = close + 1;
     }
-    addLiteral(pattern.mid(from)); // an unclosed placeholder is text like any other
+    addLiteral(text.mid(from)); // an unclosed placeholder is text like any other
 }
 
-void MessagePattern::addLiteral(const QString &text)
+void MessagePattern::addLiteral(QStringView text)
 {
     if (text.isEmpty())
         return;
     Token token;
-    token.text = text;
+    token.text = text.toString();
     m_tokens.push_back(token);
 }
 
-void MessagePattern::addPlaceholder(const QString &text)
+void MessagePattern::addPlaceholder(QStringView text)
 {
     if (text.startsWith(QLatin1String("%{TIME")))
         return addTime(text);
-    const auto known = std::find_if(std::begin(placeholders), std::end(placeholders),
-                                    [&](const auto &entry) { return text == entry.text; });
+    const auto known =
+        std::find_if(std::begin(placeholders), std::end(placeholders),
+                     [&](const auto &entry) { return text == QLatin1String(entry.text); });
     if (known == std::end(placeholders))
         return; // prints nothing
     Token token;
@@ -102,13 +106,13 @@ void MessagePattern::addPlaceholder(const QString &text)
     m_tokens.push_back(token);
 }
 
-void MessagePattern::addTime(const QString &placeholder)
+void MessagePattern::addTime(QStringView placeholder)
 {
     Token token;
     token.isTime = true;
-    const int blank = placeholder.indexOf(QLatin1Char(' '));
+    const qsizetype blank = placeholder.indexOf(QLatin1Char(' '));
     if (blank >= 0)
-        token.timeFormat = placeholder.mid(blank + 1).chopped(1);
+        token.timeFormat = placeholder.mid(blank + 1).chopped(1).toString();
     m_tokens.push_back(token);
 }
 

@@ -4,6 +4,7 @@
 #include "logrecord_p.h"
 
 #include <QString>
+#include <QStringView>
 
 #include <limits>
 #include <vector>
@@ -31,9 +32,9 @@ private:
         qint64 shown = std::numeric_limits<qint64>::min(); // the instant that text is right for
     };
 
-    void addLiteral(const QString &text);
-    void addPlaceholder(const QString &text);
-    void addTime(const QString &placeholder);
+    void addLiteral(QStringView text);
+    void addPlaceholder(QStringView text);
+    void addTime(QStringView placeholder);
     static void updateTime(Token &token, qint64 now);
 
     static const Placeholder placeholders[];

@@ -1,5 +1,6 @@
 #include "messagepattern_p.h"
 #include "processpattern_p.h"
+#include "threadowned_p.h"
 
 #include <NARV/LogHandler>
 
@@ -11,7 +12,6 @@
 
 namespace NARV {
 
-using INTERNAL::LogRecord;
 using INTERNAL::MessagePattern;
 
 namespace {
@@ -26,27 +26,23 @@ struct ProcessPattern
 
 Q_GLOBAL_STATIC(ProcessPattern, processPattern)
 
-thread_local bool threadEnded = false;
-
 //! A thread's copy of the pattern: it formats without the lock, which it needs only when the
 //! pattern was replaced since its last record.
 class ThreadPattern
 {
 public:
-    ~ThreadPattern() { threadEnded = true; }
-
     MessagePattern &current(ProcessPattern &process)
     {
         if (m_generation != process.generation.load(std::memory_order_acquire))
-            copy(process);
+            fetch(process);
         return *m_pattern;
     }
 
 private:
-    void copy(ProcessPattern &process)
+    void fetch(ProcessPattern &process)
     {
         const std::lock_guard lock(process.mutex);
-        m_pattern = process.pattern;
+        m_pattern = MessagePattern(process.pattern);
         m_generation = process.generation;
     }
 
@@ -61,12 +57,10 @@ QString INTERNAL::formatted(const LogRecord &record)
     ProcessPattern *process = processPattern();
     if (!process)
         return record.text;
-    if (threadEnded) { // static objects may still log then
-        const std::lock_guard lock(process->mutex);
-        return process->pattern.format(record);
-    }
-    static thread_local ThreadPattern threadPattern;
-    return threadPattern.current(*process).format(record);
+    if (auto *own = threadOwned<ThreadPattern>())
+        return own->current(*process).format(record);
+    const std::lock_guard lock(process->mutex);
+    return process->pattern.format(record);
 }
 
 void narvSetLogMessagePattern(const QString &pattern)

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+
 // Between the category and the message: nothing that either would hold.
 static constexpr QChar separator(0x1f);
 
@@ -53,5 +55,6 @@ void LogRecorder::record(int type, const QString &source, const QString &message
     auto *recorder = static_cast<LogRecorder *>(self);
     const int end = message.indexOf(separator);
     const std::lock_guard lock(recorder->m_mutex);
-    recorder->m_entries.append({type, source, message.left(end), message.mid(end + 1)});
+    recorder->m_entries.append(
+        {type, source, message.left(std::max(end, 0)), message.mid(end + 1)});
 }

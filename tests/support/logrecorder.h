@@ -6,7 +6,8 @@
 
 #include <mutex>
 
-//! A library log record as the host's callback got it.
+//! A library log record as the host's callback got it. Under a message pattern of the test's own
+//! the message is all of the text and the category is empty.
 struct LogEntry
 {
     int type;

@@ -1,0 +1,136 @@
+#include "baritem.h"
+
+#include "drawing.h"
+#include "numbertext.h"
+
+#include <QPainter>
+
+static constexpr qreal gap = 4;
+static constexpr qreal majorTick = 8;
+static constexpr qreal minorTick = 4;
+static constexpr qreal limitsWidth = 4;
+
+BarItem::BarItem(const NARV::GraphicsObjectData &data)
+    : IndicatorItem(data)
+{
+}
+
+bool BarItem::isUpright()
+{
+    return integer("direction") < Right;
+}
+
+void BarItem::draw(QPainter &painter, const QRectF &area)
+{
+    QRectF track = drawTitle(painter, area);
+    track = drawValue(painter, track);
+    track = drawScale(painter, track);
+    drawPlate(painter, track, {color("trackColor"), {}, 0, 0});
+    drawBar(painter, track);
+    drawLimits(painter, track);
+    drawPlate(painter, track, {{}, color("frameColor"), 1, 0});
+}
+
+QRectF BarItem::segment(const QRectF &track, double from, double to)
+{
+    const double low = qMin(from, to);
+    const double length = qMax(from, to) - low;
+    const qreal x = track.left() + low * track.width();
+    const qreal y = track.top() + low * track.height();
+    switch (integer("direction")) {
+    case Down:
+        return {track.left(), y, track.width(), length * track.height()};
+    case Right:
+        return {x, track.top(), length * track.width(), track.height()};
+    case Left:
+        return {track.right() - (low + length) * track.width(), track.top(), length * track.width(),
+                track.height()};
+    default:
+        return {track.left(), track.bottom() - (low + length) * track.height(), track.width(),
+                length * track.height()};
+    }
+}
+
+QRectF BarItem::drawValue(QPainter &painter, const QRectF &area)
+{
+    if (!flag("showValue"))
+        return area;
+    const QFont valueFont = font("valueFont");
+    QRectF rest = area;
+    const QRectF line = takeBottom(rest, lineHeight(valueFont));
+    drawFittedText(painter, line, Qt::AlignCenter, valueText(), valueFont,
+                   stateColor(color("valueColor")));
+    return rest;
+}
+
+qreal BarItem::scaleExtent()
+{
+    const QFont labelFont = font("scaleFont");
+    if (!isUpright())
+        return majorTick + gap + lineHeight(labelFont);
+    qreal widest = 0;
+    for (const Scale::Tick &tick : ticks()) {
+        if (tick.isMajor)
+            widest = qMax(widest, textWidth(labelFont, labelText(tick.value)));
+    }
+    return majorTick + 2 * gap + widest;
+}
+
+QRectF BarItem::drawScale(QPainter &painter, const QRectF &area)
+{
+    if (!flag("showScale"))
+        return area;
+    // Half a label sticks out at each end.
+    const QFont labelFont = font("scaleFont");
+    QRectF track = area;
+    if (isUpright()) {
+        takeRight(track, scaleExtent());
+        track.adjust(0, lineHeight(labelFont) / 2, 0, -lineHeight(labelFont) / 2);
+    } else {
+        takeBottom(track, scaleExtent());
+        const Scale values = scale();
+        track.adjust(textWidth(labelFont, labelText(values.lowest())) / 2 + gap, 0,
+                     -textWidth(labelFont, labelText(values.highest())) / 2 - gap, 0);
+    }
+    for (const Scale::Tick &tick : ticks())
+        drawTick(painter, segment(track, tick.fraction, tick.fraction), tick);
+    return track;
+}
+
+void BarItem::drawTick(QPainter &painter, const QRectF &position, const Scale::Tick &tick)
+{
+    const qreal length = tick.isMajor ? majorTick : minorTick;
+    const QPointF offset = isUpright() ? QPointF(length, 0) : QPointF(0, length);
+    const QPointF start = position.bottomRight();
+    painter.setPen(QPen(color("scaleColor"), tick.isMajor ? 1.5 : 1));
+    painter.drawLine(start, start + offset);
+    if (tick.isMajor)
+        drawTickLabel(painter, start + offset, tick);
+}
+
+void BarItem::drawTickLabel(QPainter &painter, const QPointF &end, const Scale::Tick &tick)
+{
+    const QFont labelFont = font("scaleFont");
+    const QString label = labelText(tick.value);
+    const QSizeF size(textWidth(labelFont, label) + gap, lineHeight(labelFont));
+    const QPointF corner = isUpright() ? end + QPointF(gap, -size.height() / 2)
+                                       : end + QPointF(-size.width() / 2, gap / 2);
+    const int alignment = isUpright() ? Qt::AlignVCenter | Qt::AlignLeft : Qt::AlignCenter;
+    drawFittedText(painter, {corner, size}, alignment, label, labelFont, color("scaleColor"));
+}
+
+void BarItem::drawBar(QPainter &painter, const QRectF &track)
+{
+    const Scale values = scale();
+    painter.fillRect(
+        segment(track, values.fraction(number("origin")), values.fraction(number("value"))),
+        stateColor(color("barColor")));
+}
+
+void BarItem::drawLimits(QPainter &painter, const QRectF &track)
+{
+    QRectF strip = track;
+    strip = isUpright() ? takeRight(strip, limitsWidth) : takeBottom(strip, limitsWidth);
+    for (const ValueLimits::Band &band : limits().bands(scale()))
+        painter.fillRect(segment(strip, band.from, band.to), band.color);
+}

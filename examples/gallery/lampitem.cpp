@@ -1,0 +1,71 @@
+#include "lampitem.h"
+
+#include "drawing.h"
+
+#include <QPainter>
+
+enum Shape
+{
+    Round,
+    Square,
+    Rectangle
+};
+
+enum TextPosition
+{
+    Inside,
+    Below,
+    Right
+};
+
+LampItem::LampItem(const NARV::GraphicsObjectData &data)
+    : GalleryItem(data)
+{
+}
+
+QColor LampItem::stateColor()
+{
+    const QColor color(textMap("stateColors").value(integer("state")));
+    return color.isValid() ? color : this->color("unknownColor");
+}
+
+void LampItem::draw(QPainter &painter, const QRectF &area)
+{
+    const bool textIsInside = integer("textPosition") == Inside;
+    if (textIsInside)
+        drawLamp(painter, area);
+    const QRectF rest = flag("showText") ? drawText(painter, area) : area;
+    if (!textIsInside)
+        drawLamp(painter, rest);
+}
+
+QRectF LampItem::drawText(QPainter &painter, const QRectF &area)
+{
+    const QFont textFont = fontOf("stateTexts");
+    const int position = integer("textPosition");
+    QRectF rest = area;
+    QRectF place = area;
+    if (position == Below)
+        place = takeBottom(rest, lineHeight(textFont));
+    else if (position == Right)
+        place = takeRight(rest, rest.width() - qMin(rest.width(), rest.height()))
+                    .adjusted(lineHeight(textFont) / 3, 0, 0, 0);
+    drawFittedText(painter, place,
+                   position == Right ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter,
+                   textMap("stateTexts").value(integer("state")), textFont, color("textColor"));
+    return rest;
+}
+
+void LampItem::drawLamp(QPainter &painter, const QRectF &area)
+{
+    const int shape = integer("shape");
+    QRectF body = area;
+    if (shape != Rectangle) {
+        const qreal side = qMin(area.width(), area.height());
+        body = QRectF(0, 0, side, side);
+        body.moveCenter(area.center());
+    }
+    const qreal frame = qMax(1.0, body.height() * 0.04);
+    const qreal radius = shape == Round ? body.height() / 2 : body.height() * 0.08;
+    drawPlate(painter, body, {stateColor(), color("frameColor"), frame, radius});
+}

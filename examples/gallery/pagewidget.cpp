@@ -1,0 +1,6 @@
+#include "pagewidget.h"
+
+PageWidget::PageWidget(const NARV::WidgetData &data)
+    : NARV::Widget(data)
+{
+}

@@ -1,0 +1,25 @@
+#ifndef ZPPLUGIN_LOG_THREADOWNED_P_H
+#define ZPPLUGIN_LOG_THREADOWNED_P_H
+
+namespace NARV::INTERNAL {
+
+//! This thread's own T. Null when the thread has destroyed it already: the main thread does so
+//! before its static objects go, and those may still log.
+template<typename T>
+T *threadOwned()
+{
+    thread_local bool ended = false;
+    struct Owner
+    {
+        T value;
+        ~Owner() { ended = true; }
+    };
+    if (ended)
+        return nullptr;
+    thread_local Owner owner;
+    return &owner.value;
+}
+
+} // namespace NARV::INTERNAL
+
+#endif
