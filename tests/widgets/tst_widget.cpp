@@ -221,7 +221,8 @@ void tst_Widget::intrusiveHandlers()
     QFETCH(QVector<int>, victims);
     GaugeFixture gauge(3);
     RecordingItem *second = gauge.items[1];
-    (inHandler ? second->onHandler : second->onEvent) = [&](NARV::Event *) {
+    RecordingItem::Hook *const hooks[] = {&second->onEvent, &second->onHandler};
+    *hooks[inHandler] = [&](NARV::Event *) {
         for (const int victim : qAsConst(victims))
             delete gauge.items[victim];
     };
