@@ -44,7 +44,6 @@ static void limit(Resource resource, rlim_t value)
 void limitThisProcess(int seconds)
 {
     limit(RLIMIT_CORE, 0);
-    limit(RLIMIT_CPU, static_cast<rlim_t>(seconds));
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
     if (sizeof(void *) >= 8)
         limit(RLIMIT_AS, static_cast<rlim_t>(Q_UINT64_C(4) << 30));
@@ -52,6 +51,7 @@ void limitThisProcess(int seconds)
 #ifdef Q_OS_LINUX
     prctl(PR_SET_PDEATHSIG, SIGKILL);
 #endif
+    alarm(static_cast<unsigned>(seconds));
 }
 
 static const char *signalName(int signal)
