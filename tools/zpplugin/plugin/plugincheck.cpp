@@ -166,7 +166,8 @@ void PluginCheck::checkLoading()
     Finding finding;
     finding.code = m_probe.failureCode;
     finding.text = m_probe.failure;
-    finding.details = m_probe.lastWords;
+    if (m_probe.failureCode != Key("architecture")) // then no code has run
+        finding.details = m_probe.lastWords;
     if (QFileInfo(m_path).isDir() && !isPluginFolder())
         finding.details = QStringList{
             QStringLiteral("A plugin folder is named by the plugin's id. For a folder of plugins, "
