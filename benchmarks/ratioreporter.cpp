@@ -58,9 +58,13 @@ private:
         const auto rate = run.counters.find("items_per_second");
         if (rate != run.counters.end())
             return 1 / rate->second.value;
-        const bool isWallTime = !run.run_name.time_type.empty();
-        return (isWallTime ? run.real_accumulated_time : run.cpu_accumulated_time) /
-               double(run.iterations);
+        return timeOf(run) / double(run.iterations);
+    }
+
+    static double timeOf(const Run &run)
+    {
+        return run.run_name.time_type.empty() ? run.cpu_accumulated_time
+                                              : run.real_accumulated_time;
     }
 
     double median(const std::string &name)

@@ -5,7 +5,8 @@
 #include <vector>
 
 //! A promise: the numerator's time per item is at most limit times the denominator's. Both are
-//! benchmark names as the run prints them.
+//! benchmark names as the run prints them, without "/real_time". The time is the processor's, which
+//! other programs disturb least; that of a benchmark with UseRealTime() is the clock's.
 struct Ratio
 {
     std::string label;

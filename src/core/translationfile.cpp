@@ -10,12 +10,18 @@
 
 namespace NARV::INTERNAL {
 
+static constexpr int markSize = 3;
+
+static bool startsWithMark(const char *text, int size)
+{
+    return size >= markSize && std::memcmp(text, "\xef\xbb\xbf", markSize) == 0;
+}
+
 static QByteArray toUtf8(const QByteArray &content)
 {
     static constexpr int utf8Mib = 106;
-    static const QByteArray utf8Mark("\xef\xbb\xbf");
-    if (content.startsWith(utf8Mark))
-        return content.mid(utf8Mark.size());
+    if (startsWithMark(content.constData(), content.size()))
+        return content.mid(markSize);
     QTextCodec *utf8 = QTextCodec::codecForMib(utf8Mib);
     QTextCodec *codec = QTextCodec::codecForUtfText(content, utf8);
     return codec == utf8 ? content : codec->toUnicode(content).toUtf8();
@@ -50,6 +56,14 @@ TranslationFile::Fields TranslationFile::fields()
 {
     const bool isQuoted = std::memchr(m_line, '"', size_t(m_lineEnd - m_line));
     return isQuoted ? quotedFields() : plainFields();
+}
+
+// The toolkit takes a byte-order mark off any text; inside the file it is a character like others.
+QString TranslationFile::Fields::text(int index) const
+{
+    const Slice &slice = m_slices[index];
+    const QString text = QString::fromUtf8(slice.begin, slice.size);
+    return startsWithMark(slice.begin, slice.size) ? QChar(QChar::ByteOrderMark) + text : text;
 }
 
 void TranslationFile::Fields::append(const char *begin, const char *end)

@@ -14,10 +14,7 @@ public:
     {
     public:
         int count = 0;
-        QString text(int index) const
-        {
-            return QString::fromUtf8(m_slices[index].begin, m_slices[index].size);
-        }
+        QString text(int index) const;
 
     private:
         friend class TranslationFile;

@@ -3,6 +3,7 @@
 #include <QDebug>
 
 #include <tuple>
+#include <utility>
 
 namespace NARV {
 
@@ -226,7 +227,7 @@ QDebug operator<<(QDebug debug, const AlarmInfo &alarm)
 
 QDebug operator<<(QDebug debug, const AlarmInfo *alarm)
 {
-    return debug << *alarm;
+    return std::move(debug) << *alarm;
 }
 
 } // namespace NARV

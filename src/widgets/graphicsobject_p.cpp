@@ -52,13 +52,14 @@ void GraphicsObjectPrivate::resize(const QSizeF &newSize)
     EventDelivery::deliver(graphicsObject, &event, &GraphicsObject::resizeEvent);
 }
 
-QVariant GraphicsObjectPrivate::getFieldValue(const QString &fieldId, bool internal)
+QVariant GraphicsObjectPrivate::getFieldValue(const QString &fieldId, bool internal) const
 {
     if (!widget)
         return QVariant();
     return WidgetPrivateAccessor::priv(widget)->getFieldValue(fieldId, internal);
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it changes the widget
 void GraphicsObjectPrivate::setFieldValue(const QString &fieldId, const QVariant &value,
                                           bool internal, bool sendEvent)
 {

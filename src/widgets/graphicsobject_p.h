@@ -26,7 +26,7 @@ public:
     void resize(const QSizeF &newSize);
     //! As WidgetPrivate::getFieldValue() and setFieldValue() of the object's widget. Without a
     //! widget: invalid, and no effect.
-    QVariant getFieldValue(const QString &fieldId, bool internal);
+    QVariant getFieldValue(const QString &fieldId, bool internal) const;
     void setFieldValue(const QString &fieldId, const QVariant &value, bool internal,
                        bool sendEvent);
     //! Turns a touch event into a mouse event. False if the event is for the toolkit to handle.

@@ -15,7 +15,7 @@ WidgetLibraryPlugin::~WidgetLibraryPlugin() = default;
 
 bool WidgetLibraryPlugin::event(QEvent *event)
 {
-    return QObject::event(event);
+    return Plugin::event(event);
 }
 
 bool WidgetLibraryPlugin::narvEvent(Event *)

@@ -24,14 +24,13 @@ Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
     if (found == m_registrations.constEnd())
         return nullptr;
 
-    QScopedPointer<QObject> guard;
     auto *actionManager = new WidgetActionManager(actionManagerImpl, nullptr);
-    guard.reset(actionManager);
+    QScopedPointer<QObject> owner(actionManager);
     const WidgetData data(widgetId, WidgetData::VersionType(version), pluginId, fieldsInfo,
                           found->graphicsObjectMetaObject, actionManager);
     auto *widget = qobject_cast<Widget *>(found->widgetConstructor.newInstance(&data));
     if (widget)
-        guard.take()->setParent(INTERNAL::WidgetPrivateAccessor::priv(widget));
+        owner.take()->setParent(INTERNAL::WidgetPrivateAccessor::priv(widget));
     return widget;
 }
 

@@ -2,35 +2,23 @@
 #include <QRegularExpression>
 #include <QtTest>
 
-//! The code in the pages for readers is code that is built and run elsewhere in this project, and
-//! their links lead to files that exist.
+//! Code in the pages for readers is code that is built and run elsewhere in this project, and their
+//! links lead to files that exist.
 class tst_Documentation : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void codeIsFromAnExample_data() { addPages(); }
+    void codeIsFromAnExample_data();
     void codeIsFromAnExample();
-    void linksLeadToFiles_data() { addPages(); }
+    void linksLeadToFiles_data();
     void linksLeadToFiles();
 
 private:
-    static void addPages();
     static QString read(const QString &path);
 };
 
 static const QDir project(QStringLiteral(PROJECT_DIR));
-
-void tst_Documentation::addPages()
-{
-    QTest::addColumn<QString>("page");
-    const QDir docs(project.filePath(QStringLiteral("docs")));
-    const QStringList pages({QStringLiteral("*.md")});
-    for (const QDir &folder : {project, docs}) {
-        for (const QString &name : folder.entryList(pages))
-            QTest::newRow(qPrintable(name)) << folder.filePath(name);
-    }
-}
 
 QString tst_Documentation::read(const QString &path)
 {
@@ -40,9 +28,15 @@ QString tst_Documentation::read(const QString &path)
     return QString::fromUtf8(file.readAll());
 }
 
+void tst_Documentation::codeIsFromAnExample_data()
+{
+    QTest::addColumn<QString>("page");
+    for (const auto page : {"README.md", "docs/host-integrator-guide.md"})
+        QTest::newRow(page) << project.filePath(QLatin1String(page));
+}
+
 void tst_Documentation::codeIsFromAnExample()
 {
-    QFETCH(QString, page);
     QString examples;
     for (const auto folder : {"examples/hello", "tests/packaging/consumer"}) {
         const QDir dir(project.filePath(QLatin1String(folder)));
@@ -50,12 +44,26 @@ void tst_Documentation::codeIsFromAnExample()
             examples += read(dir.filePath(name)).simplified() + QLatin1Char('\n');
     }
 
-    static const QRegularExpression code(QStringLiteral("```(cpp|cmake|json)\n(.*?)```"),
-                                         QRegularExpression::DotMatchesEverythingOption);
-    auto blocks = code.globalMatch(read(page));
+    QFETCH(QString, page);
+    static const QRegularExpression block(QStringLiteral("```(cpp|cmake|json)\n(.*?)```"),
+                                          QRegularExpression::DotMatchesEverythingOption);
+    auto blocks = block.globalMatch(read(page));
+    QVERIFY(blocks.hasNext());
     while (blocks.hasNext()) {
-        const QString block = blocks.next().captured(2);
-        QVERIFY2(examples.contains(block.simplified()), qPrintable(block));
+        const QStringList paragraphs = blocks.next().captured(2).split(QStringLiteral("\n\n"));
+        for (const QString &paragraph : paragraphs)
+            QVERIFY2(examples.contains(paragraph.simplified()), qPrintable(paragraph));
+    }
+}
+
+void tst_Documentation::linksLeadToFiles_data()
+{
+    QTest::addColumn<QString>("page");
+    const QStringList pages({QStringLiteral("*.md")});
+    for (const auto folder : {".", "docs"}) {
+        const QDir dir(project.filePath(QLatin1String(folder)));
+        for (const QString &name : dir.entryList(pages))
+            QTest::newRow(qPrintable(name)) << dir.filePath(name);
     }
 }
 

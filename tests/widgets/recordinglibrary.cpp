@@ -1,19 +1,26 @@
 #include "recordinglibrary.h"
 
-using NARV::INTERNAL::WidgetPrivateAccessor;
+#include <QGraphicsSceneMouseEvent>
 
-void RecordingItem::noteMouse(const char *what, QGraphicsSceneMouseEvent *event)
+RecordingWidget::RecordingWidget(const NARV::WidgetData &data)
+    : Recording(data)
 {
-    mouse.append(QStringLiteral("%1 %2/%3 at %4,%5 from %6,%7 scene %8 screen %9")
-                     .arg(QLatin1String(what))
-                     .arg(event->button())
-                     .arg(event->buttons())
-                     .arg(event->pos().x())
-                     .arg(event->pos().y())
-                     .arg(event->lastPos().x())
-                     .arg(event->lastPos().y())
-                     .arg(event->scenePos().x())
-                     .arg(event->screenPos().x()));
+}
+
+RecordingItem::RecordingItem(const NARV::GraphicsObjectData &data)
+    : Recording(data)
+{
+}
+
+void RecordingItem::hearMouse(const char *what, QGraphicsSceneMouseEvent *event)
+{
+    const QString buttons = QStringLiteral(" %1/%2").arg(event->button()).arg(event->buttons());
+    QString places;
+    for (const QPointF &place :
+         {event->pos(), event->lastPos(), event->scenePos(), event->lastScenePos(),
+          QPointF(event->screenPos()), QPointF(event->lastScreenPos())})
+        places += QStringLiteral(" %1,%2").arg(place.x()).arg(place.y());
+    mouse.append(QLatin1String(what) + buttons + places);
     event->setAccepted(acceptsMouse);
     const auto hook = onMouse; // outlives the item
     hook();
@@ -36,11 +43,11 @@ RecordingWidget *RecordingLibrary::newGauge(RecordingHost *host)
         QStringLiteral("gauge"), QStringLiteral("1.0.0"), QStringLiteral("lib"), fields(), host));
 }
 
-QMap<QString, RecordingLibrary::FieldInfo> RecordingLibrary::fields()
+QMap<QString, NARV::WidgetData::FieldInfo> RecordingLibrary::fields()
 {
     using Type = NARV::INTERNAL::WidgetLibraryPluginMetaInformation::FieldType;
     const auto field = [](Type type, bool enabled = true) {
-        return FieldInfo(enabled, enabled, false, type, QMetaType::UnknownType);
+        return NARV::WidgetData::FieldInfo(enabled, enabled, false, type, QMetaType::UnknownType);
     };
     return {{QStringLiteral("level"), field(Type::Integer)},
             {QStringLiteral("secret"), field(Type::Integer, false)},
@@ -59,8 +66,7 @@ GaugeFixture::GaugeFixture(int itemCount)
 
 GaugeFixture::~GaugeFixture()
 {
-    for (const QPointer<RecordingItem> &item : qAsConst(items))
-        delete item;
+    qDeleteAll(items);
     delete widget;
 }
 
@@ -73,7 +79,8 @@ RecordingItem *GaugeFixture::addItem()
     return item;
 }
 
-QString GaugeFixture::heard()
+QString GaugeFixture::heard(const char *commonWord)
 {
-    return QStringList(std::exchange(journal, {})).join(QLatin1Char(' '));
+    const QString all = QStringList(std::exchange(journal, {})).join(QLatin1Char(' '));
+    return QString(all).remove(QLatin1String(commonWord));
 }

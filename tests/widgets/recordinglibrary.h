@@ -8,10 +8,6 @@
 #include <NARV/INTERNAL/WidgetLibraryPluginPrivateAccessor>
 #include <NARV/INTERNAL/WidgetPrivateAccessor>
 
-#include <QGraphicsSceneMouseEvent>
-#include <QMetaEnum>
-#include <QTouchEvent>
-
 #include <functional>
 
 //! Notes every event it hears: "?" and the type in narvEvent(), "!" and the type in the handler.
@@ -23,44 +19,39 @@ public:
     using Base::data;
     using Base::getFieldValue;
     using Base::setFieldValue;
+    using Hook = std::function<void(NARV::Event *)>;
 
     QString name;
     QStringList *journal = nullptr;
     bool consumes = false;
-    //! Called in narvEvent() and in the handler.
-    std::function<void(NARV::Event *)> onEvent = [](NARV::Event *) {};
-    std::function<void(NARV::Event *)> onHandler = [](NARV::Event *) {};
+    Hook onEvent = [](NARV::Event *) {};
+    Hook onHandler = onEvent;
 
 protected:
     bool narvEvent(NARV::Event *event) override
     {
         const bool answer = consumes;
-        note('?', event);
-        const auto hook = onEvent; // outlives the receiver
-        hook(event);
+        hear('?', event, onEvent);
         return answer;
     }
-    void initEvent(NARV::InitEvent *event) override { handle(event); }
-    void deinitEvent(NARV::DeinitEvent *event) override { handle(event); }
-    void fieldIsChangedEvent(NARV::FieldIsChangedEvent *event) override { handle(event); }
+    void initEvent(NARV::InitEvent *event) override { hear('!', event, onHandler); }
+    void deinitEvent(NARV::DeinitEvent *event) override { hear('!', event, onHandler); }
+    void fieldIsChangedEvent(NARV::FieldIsChangedEvent *event) override
+    {
+        hear('!', event, onHandler);
+    }
     void alarmStatusIsChangedEvent(NARV::AlarmStatusIsChangedEvent *event) override
     {
-        handle(event);
+        hear('!', event, onHandler);
     }
 
-    void handle(NARV::Event *event)
+    void hear(char where, NARV::Event *event, const Hook &action)
     {
-        note('!', event);
-        const auto hook = onHandler;
-        hook(event);
-    }
-
-private:
-    void note(char where, const NARV::Event *event)
-    {
-        const char *type = QMetaEnum::fromType<NARV::Event::Type>().valueToKey(event->type());
+        const Hook hook = action; // may delete the receiver
         if (journal)
-            journal->append(name + QLatin1Char(where) + QLatin1String(type));
+            journal->append(name + QLatin1Char(where) +
+                            QVariant::fromValue(event->type()).toString());
+        hook(event);
     }
 };
 
@@ -69,10 +60,7 @@ class RecordingWidget : public Recording<NARV::Widget>
     Q_OBJECT
 
 public:
-    Q_INVOKABLE explicit RecordingWidget(const NARV::WidgetData &data)
-        : Recording(data)
-    {
-    }
+    Q_INVOKABLE explicit RecordingWidget(const NARV::WidgetData &data);
     QIcon icon() override { return ownIcon; }
 
     QIcon ownIcon;
@@ -83,10 +71,7 @@ class RecordingItem : public Recording<NARV::GraphicsObject>
     Q_OBJECT
 
 public:
-    Q_INVOKABLE explicit RecordingItem(const NARV::GraphicsObjectData &data)
-        : Recording(data)
-    {
-    }
+    Q_INVOKABLE explicit RecordingItem(const NARV::GraphicsObjectData &data);
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
     using NARV::GraphicsObject::sceneEvent;
 
@@ -95,37 +80,34 @@ public:
     std::function<void()> onMouse = [] {};
 
 protected:
-    void resizeEvent(NARV::ResizeEvent *event) override { handle(event); }
-    void mousePressEvent(QGraphicsSceneMouseEvent *event) override { noteMouse("press", event); }
-    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override { noteMouse("move", event); }
+    void resizeEvent(NARV::ResizeEvent *event) override { hear('!', event, onHandler); }
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override { hearMouse("press", event); }
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override { hearMouse("move", event); }
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override
     {
-        noteMouse("release", event);
+        hearMouse("release", event);
     }
 
 private:
-    void noteMouse(const char *what, QGraphicsSceneMouseEvent *event);
+    void hearMouse(const char *what, QGraphicsSceneMouseEvent *event);
 };
 
-//! A library with the widget "gauge" 1.0.0 and its fields:
-//! "level" (integer), "secret" (integer that plugin code may neither read nor write), "ratio"
-//! (double) and "texts" (texts by number).
+//! A library with the widget "gauge" 1.0.0 and its fields: "level" (integer), "secret" (integer
+//! that plugin code may neither read nor write), "ratio" (double) and "texts" (texts by number).
 class RecordingLibrary : public NARV::WidgetLibraryPlugin
 {
     Q_OBJECT
     Q_INTERFACES(NARV::WidgetLibraryPlugin)
 
 public:
-    using FieldInfo = NARV::WidgetData::FieldInfo;
-
     RecordingLibrary();
 
     NARV::WidgetLibraryPluginPrivate *priv();
     RecordingWidget *newGauge(RecordingHost *host);
-    static QMap<QString, FieldInfo> fields();
+    static QMap<QString, NARV::WidgetData::FieldInfo> fields();
 };
 
-//! A gauge with graphics objects "1", "2" ... that share one journal.
+//! A gauge "w" with graphics objects "1", "2" ... and one journal for all.
 class GaugeFixture
 {
 public:
@@ -133,9 +115,12 @@ public:
     ~GaugeFixture();
 
     RecordingItem *addItem();
-    NARV::WidgetPrivate *priv() { return NARV::INTERNAL::WidgetPrivateAccessor::priv(widget); }
-    //! What was heard since the last call.
-    QString heard();
+    NARV::WidgetPrivate *priv() const
+    {
+        return NARV::INTERNAL::WidgetPrivateAccessor::priv(widget);
+    }
+    //! What was heard since the last call, without the word that is in all of it.
+    QString heard(const char *commonWord = "");
 
     RecordingHost host;
     RecordingLibrary library;

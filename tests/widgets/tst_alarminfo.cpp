@@ -18,7 +18,6 @@ private Q_SLOTS:
     void fromMap_data();
     void fromMap();
     void fromFullMap();
-    void equality_data();
     void equality();
     void colours();
     void debugOutput();
@@ -26,46 +25,43 @@ private Q_SLOTS:
 
 void tst_AlarmInfo::derivedStates()
 {
-    const auto inState = [](int state) {
+    QStringList found;
+    for (int state = 0; state <= 6; ++state) {
         AlarmInfoData data;
         data.state = AlarmInfo::State(state);
         const AlarmInfo alarm(data);
-        return QStringLiteral("%1%2%3")
-            .arg(int(alarm.triggered()))
-            .arg(int(alarm.acknowledged()))
-            .arg(int(alarm.enabled()));
-    };
-    QStringList found;
-    for (int state = 0; state <= 6; ++state)
-        found.append(inState(state));
+        found.append(QStringLiteral("%1%2%3")
+                         .arg(int(alarm.triggered()))
+                         .arg(int(alarm.acknowledged()))
+                         .arg(int(alarm.enabled())));
+    }
     QCOMPARE(found.join(QLatin1Char(' ')), QStringLiteral("000 001 101 101 111 001 011"));
 }
 
 void tst_AlarmInfo::fromMap_data()
 {
-    QTest::addColumn<QVariantMap>("map");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
     QTest::addColumn<int>("state");
     QTest::addColumn<int>("severity");
-    const auto state = [](const QVariant &value) {
-        return QVariantMap{{QStringLiteral("state"), value}};
-    };
-    const auto severity = [](const QVariant &value) {
-        return QVariantMap{{QStringLiteral("severity"), value}};
-    };
-    QTest::newRow("empty") << QVariantMap() << 1 << 0;
-    QTest::newRow("enumerator") << state(QVariant::fromValue(AlarmInfo::StateTriggered)) << 2 << 0;
-    QTest::newRow("number") << state(4) << 4 << 0;
-    QTest::newRow("no state") << state(QStringLiteral("burning")) << 0 << 0;
-    QTest::newRow("invalid state") << state(QVariant()) << 0 << 0;
-    QTest::newRow("severity") << severity(6) << 1 << 6;
-    QTest::newRow("no severity") << severity(QColor(Qt::red)) << 1 << 0;
-    QTest::newRow("other case") << QVariantMap{{QStringLiteral("State"), 4}} << 1 << 0;
+    const QString state = QStringLiteral("state");
+    const QString severity = QStringLiteral("severity");
+    const QVariant word(QStringLiteral("burning"));
+    const QVariant triggered = QVariant::fromValue(AlarmInfo::StateTriggered);
+    QTest::newRow("nothing known") << QStringLiteral("State") << QVariant(4) << 1 << 0;
+    QTest::newRow("enumerator") << state << triggered << 2 << 0;
+    QTest::newRow("number") << state << QVariant(4) << 4 << 0;
+    QTest::newRow("no state") << state << word << 0 << 0;
+    QTest::newRow("invalid") << state << QVariant() << 0 << 0;
+    QTest::newRow("severity") << severity << QVariant(6) << 1 << 6;
+    QTest::newRow("no severity") << severity << word << 1 << 0;
 }
 
 void tst_AlarmInfo::fromMap()
 {
-    QFETCH(QVariantMap, map);
-    const AlarmInfo alarm = AlarmInfo::createAlarmInfo(map);
+    QFETCH(QString, key);
+    QFETCH(QVariant, value);
+    const AlarmInfo alarm = AlarmInfo::createAlarmInfo({{key, value}});
     QVERIFY(alarm.isValid());
     QTEST(int(alarm.state()), "state");
     QTEST(int(alarm.severity()), "severity");
@@ -92,26 +88,29 @@ static AlarmInfoData fullData()
 void tst_AlarmInfo::fromFullMap()
 {
     const AlarmInfoData data = fullData();
-    const QVariantMap map{
-        {QStringLiteral("name"), data.name},
-        {QStringLiteral("description"), data.description},
-        {QStringLiteral("state"), int(data.state)},
-        {QStringLiteral("timestamp"), data.timestamp},
-        {QStringLiteral("groups"), data.groups},
-        {QStringLiteral("customFields"), data.customFields},
-        {QStringLiteral("backgroundColor"), QVariant::fromValue(data.backgroundColors)},
-        {QStringLiteral("foregroundColor"), QVariant::fromValue(data.foregroundColors)},
-        {QStringLiteral("acknowledgeEnabled"), true},
-        {QStringLiteral("blinkEnabled"), QStringLiteral("true")},
-        {QStringLiteral("resetEnabled"), 1},
-        {QStringLiteral("tagName"), data.tagName},
-        {QStringLiteral("tagValue"), data.tagValue},
-        {QStringLiteral("severity"), int(data.severity)}};
+    const auto colors = [](const Colors &of) { return QVariant::fromValue(of); };
+    const std::pair<const char *, QVariant> entries[] = {
+        {"name", data.name},
+        {"description", data.description},
+        {"state", data.state},
+        {"timestamp", data.timestamp},
+        {"groups", data.groups},
+        {"customFields", data.customFields},
+        {"backgroundColor", colors(data.backgroundColors)},
+        {"foregroundColor", colors(data.foregroundColors)},
+        {"acknowledgeEnabled", true},
+        {"blinkEnabled", QStringLiteral("true")},
+        {"resetEnabled", 1},
+        {"tagName", data.tagName},
+        {"tagValue", data.tagValue},
+        {"severity", data.severity}};
+    QVariantMap map, unusable;
+    for (const auto &[key, value] : entries) {
+        map.insert(QLatin1String(key), value);
+        unusable.insert(QLatin1String(key), QVariant::fromValue<QObject *>(nullptr));
+    }
     QVERIFY(AlarmInfo::createAlarmInfo(map) == AlarmInfo(data));
 
-    QVariantMap unusable;
-    for (auto it = map.begin(); it != map.end(); ++it)
-        unusable.insert(it.key(), QVariant::fromValue<QObject *>(nullptr));
     const AlarmInfo zero = AlarmInfo::createAlarmInfo(unusable);
     AlarmInfoData expected;
     expected.state = AlarmInfo::StateDisabled;
@@ -120,40 +119,33 @@ void tst_AlarmInfo::fromFullMap()
     QCOMPARE(zero.tagValue().userType(), int(QMetaType::QObjectStar));
 }
 
-using Change = std::function<void(AlarmInfoData &)>;
-Q_DECLARE_METATYPE(Change)
-
-void tst_AlarmInfo::equality_data()
-{
-    QTest::addColumn<Change>("change");
-    const auto row = [](const char *name, const Change &change) { QTest::newRow(name) << change; };
-    row("name", [](AlarmInfoData &data) { data.name.clear(); });
-    row("description", [](AlarmInfoData &data) { data.description.clear(); });
-    row("severity", [](AlarmInfoData &data) { data.severity = AlarmInfo::SeverityLow; });
-    row("state", [](AlarmInfoData &data) { data.state = AlarmInfo::StateDisabled; });
-    row("groups", [](AlarmInfoData &data) { data.groups.clear(); });
-    row("customFields", [](AlarmInfoData &data) { data.customFields.clear(); });
-    row("timestamp", [](AlarmInfoData &data) { data.timestamp = QDateTime(); });
-    row("backgroundColors", [](AlarmInfoData &data) { data.backgroundColors.clear(); });
-    row("foregroundColors", [](AlarmInfoData &data) { data.foregroundColors.clear(); });
-    row("acknowledgeEnabled", [](AlarmInfoData &data) { data.acknowledgeEnabled = false; });
-    row("blinkEnabled", [](AlarmInfoData &data) { data.blinkEnabled = false; });
-    row("resetEnabled", [](AlarmInfoData &data) { data.resetEnabled = false; });
-    row("tagName", [](AlarmInfoData &data) { data.tagName.clear(); });
-    row("tagValue", [](AlarmInfoData &data) { data.tagValue = 6; });
-}
-
 void tst_AlarmInfo::equality()
 {
-    QFETCH(Change, change);
     const AlarmInfo original(fullData());
     AlarmInfo copy;
     QVERIFY(!copy.isValid() && copy == AlarmInfo() && copy != AlarmInfo(AlarmInfoData()));
     copy = original;
     QVERIFY(copy == original && copy.isValid());
-    AlarmInfoData data = fullData();
-    change(data);
-    QVERIFY(AlarmInfo(data) != original);
+    static void (*const changes[])(AlarmInfoData &) = {
+        [](AlarmInfoData &data) { data.name.clear(); },
+        [](AlarmInfoData &data) { data.description.clear(); },
+        [](AlarmInfoData &data) { data.severity = AlarmInfo::SeverityLow; },
+        [](AlarmInfoData &data) { data.state = AlarmInfo::StateDisabled; },
+        [](AlarmInfoData &data) { data.groups.clear(); },
+        [](AlarmInfoData &data) { data.customFields.clear(); },
+        [](AlarmInfoData &data) { data.timestamp = QDateTime(); },
+        [](AlarmInfoData &data) { data.backgroundColors.clear(); },
+        [](AlarmInfoData &data) { data.foregroundColors.clear(); },
+        [](AlarmInfoData &data) { data.acknowledgeEnabled = false; },
+        [](AlarmInfoData &data) { data.blinkEnabled = false; },
+        [](AlarmInfoData &data) { data.resetEnabled = false; },
+        [](AlarmInfoData &data) { data.tagName.clear(); },
+        [](AlarmInfoData &data) { data.tagValue = 6; }};
+    for (const auto change : changes) {
+        AlarmInfoData data = fullData();
+        change(data);
+        QVERIFY(AlarmInfo(data) != original);
+    }
 }
 
 void tst_AlarmInfo::colours()
@@ -166,33 +158,33 @@ void tst_AlarmInfo::colours()
     QCOMPARE(&AlarmInfo().currentBackgroundColor(), &alarm.currentBackgroundColor());
 }
 
+template<class T>
+static QString printed(const T &value)
+{
+    QString text;
+    QDebug(&text).noquote() << value << 1;
+    return text.trimmed();
+}
+
 void tst_AlarmInfo::debugOutput()
 {
-    const AlarmInfo alarm(fullData());
-    QString text;
-    QDebug(&text).noquote() << alarm << 1;
-    QCOMPARE(text.trimmed(),
-             QStringLiteral(
-                 "NARV::AlarmInfo(isValid=true,name=n,description=d,"
-                 "severity=NARV::AlarmInfo::SeverityHigh,groups=(g),groups=(c),"
-                 "state=NARV::AlarmInfo::StateTriggeredNotAcknowledged,triggered=true,"
-                 "acknowledged=false,enabled=true,"
-                 "timestamp=2024-05-01T10:20:30.000+02:00 +7200,"
-                 "currentBackgroundColor=QColor(Invalid),"
-                 "currentForegroundColor=QColor(ARGB 1, 0, 0, 1),"
-                 "backgroundColor=QMap((NARV::AlarmInfo::StateTriggered, QColor(ARGB 1, 1, 0, 0))),"
-                 "foregroundColor=QMap((NARV::AlarmInfo::StateTriggeredNotAcknowledged, "
-                 "QColor(ARGB 1, 0, 0, 1))),acknowledgeEnabled=true,blinkEnabled=true,"
-                 "resetEnabled=true,tagName=t,tagValue=QVariant(int, 5)) 1"));
-    QString throughPointer;
-    QDebug(&throughPointer).noquote() << &alarm << 1;
-    QCOMPARE(throughPointer, text);
-
-    AlarmInfoData west;
-    west.timestamp = QDateTime(QDate(2024, 5, 1), QTime(10, 20, 30, 5), Qt::OffsetFromUTC, -3600);
-    text.clear();
-    QDebug(&text) << AlarmInfo(west);
-    QVERIFY(text.contains(QLatin1String("2024-05-01T10:20:30.005-01:00 -3600")));
+    AlarmInfoData data = fullData();
+    const AlarmInfo alarm(data);
+    const QString expected = QStringLiteral(
+        "NARV::AlarmInfo(isValid=true,name=n,description=d,"
+        "severity=NARV::AlarmInfo::SeverityHigh,groups=(g),groups=(c),"
+        "state=NARV::AlarmInfo::StateTriggeredNotAcknowledged,triggered=true,acknowledged=false,"
+        "enabled=true,timestamp=2024-05-01T10:20:30.000+02:00 +7200,"
+        "currentBackgroundColor=QColor(Invalid),"
+        "currentForegroundColor=QColor(ARGB 1, 0, 0, 1),"
+        "backgroundColor=QMap((NARV::AlarmInfo::StateTriggered, QColor(ARGB 1, 1, 0, 0))),"
+        "foregroundColor=QMap((NARV::AlarmInfo::StateTriggeredNotAcknowledged, "
+        "QColor(ARGB 1, 0, 0, 1))),acknowledgeEnabled=true,blinkEnabled=true,"
+        "resetEnabled=true,tagName=t,tagValue=QVariant(int, 5)) 1");
+    QCOMPARE(printed(alarm), expected);
+    QCOMPARE(printed(&alarm), expected);
+    data.timestamp.setOffsetFromUtc(-3600);
+    QVERIFY(printed(AlarmInfo(data)).contains(QLatin1String(".000-01:00 -3600,")));
 }
 
 QTEST_GUILESS_MAIN(tst_AlarmInfo)
