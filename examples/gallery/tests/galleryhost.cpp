@@ -40,7 +40,7 @@ static QString german(const Text &text)
 //! The value of a field as a panel shows it, in German.
 static QVariant startValue(const GalleryHost::Library::FieldMetaInformation &field)
 {
-    const QVariant value = field.defaultValue();
+    const QVariant &value = field.defaultValue();
     if (value.userType() == qMetaTypeId<Text>())
         return german(value.value<Text>());
     if (value.userType() == qMetaTypeId<QList<Text>>()) {

@@ -137,7 +137,7 @@ void tst_GalleryDrawing::alarms_data()
 {
     QTest::addColumn<AlarmFilter>("filter");
     QTest::addColumn<QString>("names"); // in order
-    const auto row = [](const char *name, AlarmFilter filter, const char *names) {
+    const auto row = [](const char *name, const AlarmFilter &filter, const char *names) {
         QTest::newRow(name) << filter << QString::fromLatin1(names);
     };
     using A = AlarmInfo;
