@@ -1,9 +1,9 @@
 #include "checkcommand.h"
 #include "describecommand.h"
 #include "listcommand.h"
-#include "probecommand.h"
-#include "terminal.h"
-#include "text.h"
+#include "output/terminal.h"
+#include "output/text.h"
+#include "plugin/probecommand.h"
 
 #include <QCoreApplication>
 
