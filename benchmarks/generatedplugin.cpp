@@ -1,6 +1,6 @@
 #include <NARV/WidgetLibraryPlugin>
 
-//! A plugin that costs no more than its metadata.
+//! The root object of a plugin with a real library's code and with metadata of a set size.
 class GeneratedPlugin : public NARV::WidgetLibraryPlugin
 {
     Q_OBJECT

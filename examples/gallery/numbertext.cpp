@@ -2,8 +2,6 @@
 
 #include <QLocale>
 
-#include <algorithm>
-
 static constexpr double largestInteger = 9007199254740992; // 2^53: what a double holds exactly
 static constexpr int mostDecimals = 15;
 static constexpr int mostDigits = 64;
@@ -52,15 +50,9 @@ static QString magnitudeText(double magnitude, const NumberStyle &style)
     return locale().toString(magnitude, 'f', decimals);
 }
 
-static bool isZero(const QString &digits)
-{
-    return std::all_of(digits.begin(), digits.end(),
-                       [](QChar c) { return !c.isDigit() || c.digitValue() == 0; });
-}
-
 static QString signText(double value, const QString &digits, const NumberStyle &style)
 {
-    if (isZero(digits))
+    if (digits == magnitudeText(0, style)) // also a number that is rounded to zero
         return {};
     if (value < 0)
         return locale().negativeSign();

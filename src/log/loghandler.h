@@ -62,10 +62,10 @@ ZPPLUGIN_EXPORT void narvUninstallLogMessageHandlerPrivate();
 //! Replaces the message pattern of this process; any thread.
 //!
 //! Placeholders: %{MESSAGE} %{TYPE} %{CATEGORY} %{FILE} %{LINE} %{FUNCTION} %{PID} %{THREAD},
-//! %{TIME} (local time in ISO form) or %{TIME format} (a QDateTime format), and the conditions
-//! %{IF-NOT-INFO} %{IF-CATEGORY} %{IF-DEBUG} %{IF-INFO} %{IF-WARNING} %{IF-CRITICAL}, which hide
-//! what follows up to %{ENDIF} and do not nest. Other placeholders print nothing, other text is
-//! printed as it stands. The default is
+//! %{TIME} (local time in ISO form) or %{TIME format} (a QDateTime format, of which the first 256
+//! characters count), and the conditions %{IF-NOT-INFO} %{IF-CATEGORY} %{IF-DEBUG} %{IF-INFO}
+//! %{IF-WARNING} %{IF-CRITICAL}, which hide what follows up to %{ENDIF} and do not nest. Other
+//! placeholders print nothing, other text is printed as it stands. The default is
 //! "[%{TIME}]%{IF-NOT-INFO}[%{TYPE}]%{ENDIF}%{IF-CATEGORY}[%{CATEGORY}]%{ENDIF}: %{MESSAGE}".
 ZPPLUGIN_EXPORT void narvSetLogMessagePattern(const QString &pattern);
 

@@ -9,6 +9,9 @@
 
 namespace NARV::INTERNAL {
 
+// The toolkit copies the rest of a format for each of its letters: megabytes would take minutes.
+static constexpr qsizetype longestTimeFormat = 256;
+
 static void appendUtf8(const char *text, const char *fallback, QString &out)
 {
     const QLatin1String chars(text ? text : fallback);
@@ -111,8 +114,10 @@ void MessagePattern::addTime(QStringView placeholder)
     Token token;
     token.isTime = true;
     const qsizetype blank = placeholder.indexOf(QLatin1Char(' '));
-    if (blank >= 0)
-        token.timeFormat = placeholder.mid(blank + 1).chopped(1).toString();
+    if (blank >= 0) {
+        const QStringView format = placeholder.mid(blank + 1).chopped(1);
+        token.timeFormat = format.mid(0, longestTimeFormat).toString();
+    }
     m_tokens.push_back(token);
 }
 

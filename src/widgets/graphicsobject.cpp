@@ -35,8 +35,8 @@ GraphicsObject::GraphicsObject(const GraphicsObjectData &data)
     setAcceptTouchEvents(true);
 }
 
-// The widget forgets the object here: destroyed() comes only after the parts of the toolkit have
-// gone, during which an event may still be sent.
+// The widget is to forget the object before the toolkit takes its part of it down: that sends
+// signals, on which events may follow. destroyed() comes too late.
 GraphicsObject::~GraphicsObject()
 {
     Q_D(GraphicsObject);

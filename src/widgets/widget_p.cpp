@@ -39,7 +39,7 @@ void WidgetPrivate::deliverToAll(E *event, void (Widget::*handler)(E *), TellIte
     for (const QPointer<GraphicsObject> &item : items) {
         if (!alive)
             return;
-        if (item && graphicsObjects.contains(item))
+        if (item)
             tellItem(item.data());
     }
 }

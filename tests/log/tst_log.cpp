@@ -114,6 +114,10 @@ void tst_Log::hostilePattern_data()
     QTest::newRow("unknown placeholders") << repeated("%{X}a", 500000) << repeated("a", 500000);
     QTest::newRow("placeholders") << repeated("%{LINE}", 100000) << repeated("0", 100000);
     QTest::newRow("times") << repeated("%{TIME 'a'}", 100000) << repeated("a", 100000);
+    const QString year = QString::number(QDate::currentDate().year()) + QLatin1Char('-');
+    QTest::newRow("one long time")
+        << QStringLiteral("%{TIME yyyy-") + repeated("yyyy-", 100000) + QLatin1Char('}')
+        << year.repeated(51) + QLatin1Char('y');
 }
 
 void tst_Log::hostilePattern()

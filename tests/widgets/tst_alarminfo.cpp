@@ -51,6 +51,7 @@ void tst_AlarmInfo::fromMap_data()
     QTest::newRow("nothing known") << QStringLiteral("State") << QVariant(4) << 1 << 0;
     QTest::newRow("enumerator") << state << triggered << 2 << 0;
     QTest::newRow("number") << state << QVariant(4) << 4 << 0;
+    QTest::newRow("unknown number") << state << QVariant(99) << 99 << 0;
     QTest::newRow("no state") << state << word << 0 << 0;
     QTest::newRow("invalid") << state << QVariant() << 0 << 0;
     QTest::newRow("severity") << severity << QVariant(6) << 1 << 6;

@@ -87,19 +87,21 @@ void tst_GraphicsObject::resize()
 void tst_GraphicsObject::resizeUpdatesTheScene()
 {
     GaugeFixture gauge(1);
-    QGraphicsScene scene;
+    QGraphicsScene scene(0, 0, 1000, 1000);
+    scene.setBspTreeDepth(4);
     scene.addItem(gauge.items[0]);
     auto *priv = GraphicsObjectPrivateAccessor::priv(gauge.items[0]);
     priv->resize(QSizeF(10, 10));
     QCoreApplication::processEvents();
+    QVERIFY(scene.items(QPointF(800, 5)).isEmpty());
     QSignalSpy changed(&scene, &QGraphicsScene::changed);
     priv->resize(QSizeF(10, 10));
     QCoreApplication::processEvents();
     QCOMPARE(changed.count(), 0);
-    priv->resize(QSizeF(20, 10));
+    priv->resize(QSizeF(900, 10));
     QCoreApplication::processEvents();
     QCOMPARE(changed.count(), 1);
-    QCOMPARE(scene.items(QPointF(15, 5)), QList<QGraphicsItem *>{gauge.items[0]});
+    QCOMPARE(scene.items(QPointF(800, 5)), QList<QGraphicsItem *>{gauge.items[0]});
     scene.removeItem(gauge.items[0]);
 }
 

@@ -42,6 +42,19 @@ public:
     Q_INVOKABLE explicit NoWidget(const NARV::WidgetData &) {}
 };
 
+// Does not pass on what it is made from.
+class StrayItem : public NARV::GraphicsObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE explicit StrayItem(const NARV::GraphicsObjectData &data)
+        : GraphicsObject({data.id, data.version, nullptr, nullptr})
+    {
+    }
+    void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
+};
+
 Q_DECLARE_METATYPE(const QMetaObject *)
 
 class tst_Registration : public GuardedTest
@@ -55,6 +68,7 @@ private Q_SLOTS:
     void misfits_data();
     void misfits();
     void signatures();
+    void strayItemIsForgotten();
     void projectWidget();
     void table();
     void pluginInterface();
@@ -139,6 +153,14 @@ void tst_Registration::signatures()
     const QMetaObject *null = &NARV::NullGraphicsObject::staticMetaObject;
     QCOMPARE(ConstructorMatch::forGraphicsObject(null).index(), 0);
     QVERIFY(!ConstructorMatch::forWidget(null).isValid());
+}
+
+void tst_Registration::strayItemIsForgotten()
+{
+    GaugeFixture fixture;
+    fixture.priv()->graphicsObjectMetaObject = &StrayItem::staticMetaObject;
+    delete fixture.priv()->newGraphicsObjectInstance();
+    QVERIFY(fixture.widget->graphicsObjectsList().isEmpty());
 }
 
 void tst_Registration::projectWidget()

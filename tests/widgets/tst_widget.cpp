@@ -1,6 +1,7 @@
 #include "guardedtest.h"
 #include "recordinglibrary.h"
 
+#include <QGraphicsScene>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void stateChangedInHandler();
     void widgetDeletedInHandler();
     void itemOutlivesWidget();
+    void eventWhileItemIsDestroyed();
     void roles();
 };
 
@@ -276,6 +278,20 @@ void tst_Widget::itemOutlivesWidget()
     QVERIFY(!item->getFieldValue(level).isValid());
     NARV::IconDataRole role;
     QVERIFY(!item->data(&role).isValid());
+}
+
+// A scene tells of a selected item's end while the item is half gone.
+void tst_Widget::eventWhileItemIsDestroyed()
+{
+    GaugeFixture gauge(2);
+    QGraphicsScene scene;
+    scene.addItem(gauge.items[0]);
+    gauge.items[0]->setAcceptTouchAndMouseEvents(true);
+    gauge.items[0]->setSelected(true);
+    connect(&scene, &QGraphicsScene::selectionChanged,
+            [&gauge] { gauge.widget->setFieldValue(level, 1); });
+    delete gauge.items[0];
+    QCOMPARE(gauge.heard("FieldIsChanged"), QStringLiteral("w? w! 2? 2!"));
 }
 
 void tst_Widget::roles()

@@ -1,9 +1,9 @@
 #include "checkcommand.h"
 
-#include "findingprinter.h"
-#include "metadatafindings.h"
-#include "plugincheck.h"
-#include "text.h"
+#include "metadata/metadatafindings.h"
+#include "output/findingprinter.h"
+#include "output/text.h"
+#include "plugin/plugincheck.h"
 
 #include <QFileInfo>
 #include <QLibrary>
@@ -35,12 +35,10 @@ the file is not there.)"};
 static bool isLibrary(const QString &path)
 {
     QFile file(path);
-    if (QLibrary::isLibrary(path) || !file.open(QIODevice::ReadOnly))
-        return true;
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
     const QByteArray start = file.read(4);
-    return start == QByteArrayLiteral("\x7f"
-                                      "ELF") ||
-           start.startsWith("MZ");
+    return QLibrary::isLibrary(path) || start == "\177ELF" || start.startsWith("MZ");
 }
 
 static void printPassport(const PluginCheck &check, Terminal &terminal)

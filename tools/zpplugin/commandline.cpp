@@ -1,7 +1,7 @@
 #include "commandline.h"
 
-#include "terminal.h"
-#include "text.h"
+#include "output/terminal.h"
+#include "output/text.h"
 
 #include <QFileInfo>
 

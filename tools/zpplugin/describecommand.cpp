@@ -1,13 +1,12 @@
 #include "describecommand.h"
 
-#include "descriptionjson.h"
-#include "descriptionprinter.h"
-#include "probe.h"
-#include "text.h"
+#include "output/descriptionprinter.h"
+#include "output/text.h"
+#include "plugin/descriptionjson.h"
+#include "plugin/probe.h"
 
 #include <NARV/INTERNAL/MetaDataChecker>
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
 
@@ -40,14 +39,6 @@ static QJsonObject withoutLoading(const QJsonObject &metaData, const QString &la
     NARV::INTERNAL::WidgetLibraryPluginMetaInformation info;
     const bool ok = NARV::INTERNAL::MetaDataChecker::allProblems(metaData, &info).isEmpty();
     return ok ? descriptionToJson(info, language) : QJsonObject();
-}
-
-static QStringList languagesOf(const QJsonObject &description)
-{
-    QStringList languages{description.value(QLatin1String("defaultLanguage")).toString()};
-    for (const QJsonValue &language : description.value(QLatin1String("translation")).toArray())
-        languages += language.toString();
-    return languages;
 }
 
 static void note(const QString &text)

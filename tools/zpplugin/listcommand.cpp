@@ -1,9 +1,9 @@
 #include "listcommand.h"
 
-#include "descriptionjson.h"
-#include "probe.h"
-#include "table.h"
-#include "text.h"
+#include "output/table.h"
+#include "output/text.h"
+#include "plugin/descriptionjson.h"
+#include "plugin/probe.h"
 
 #include <QDir>
 #include <QJsonArray>

@@ -14,8 +14,8 @@ int terminalWidth(FILE *stream);
 //! the process and its libraries print on standard output from then on.
 FILE *takeStandardOutput();
 
-//! Keeps a process that runs foreign code from dumping core, from using up the machine's memory
-//! and from surviving the process that started it.
+//! Keeps a process that runs foreign code from dumping core, from using up the machine's memory,
+//! from surviving the process that started it, and from running longer than that.
 void limitThisProcess(int seconds);
 
 //! How a crashed process ended: "crashed with signal 11 (SIGSEGV)".

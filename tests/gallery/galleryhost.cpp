@@ -1,0 +1,99 @@
+#include "galleryhost.h"
+
+#include <NARV/GraphicsObject>
+#include <NARV/GraphicsObjectPrivate>
+#include <NARV/INTERNAL/GraphicsObjectPrivateAccessor>
+#include <NARV/INTERNAL/WidgetLibraryPluginData>
+#include <NARV/INTERNAL/WidgetLibraryPluginPrivateAccessor>
+#include <NARV/INTERNAL/WidgetPrivateAccessor>
+#include <NARV/Widget>
+#include <NARV/WidgetLibraryPluginPrivate>
+
+#include <QPainter>
+#include <QtMath>
+
+using namespace NARV::INTERNAL;
+using Text = PluginMetaInformation::TranslationStringType;
+
+GalleryHost::GalleryHost()
+{
+    m_loader.loadFromPluginPath(QStringLiteral(GALLERY_LIBRARY), {});
+}
+
+GalleryHost::~GalleryHost() = default;
+
+static const WidgetLibraryPluginData *gallery(const PluginLoader &loader)
+{
+    return static_cast<const WidgetLibraryPluginData *>(loader.pluginData().first());
+}
+
+const GalleryHost::Library &GalleryHost::library() const
+{
+    return *gallery(m_loader)->metaInformation();
+}
+
+static QString german(const Text &text)
+{
+    return text.get(QStringLiteral("de-DE"), false);
+}
+
+//! The value of a field as a panel shows it, in German.
+static QVariant startValue(const GalleryHost::Library::FieldMetaInformation &field)
+{
+    const QVariant &value = field.defaultValue();
+    if (value.userType() == qMetaTypeId<Text>())
+        return german(value.value<Text>());
+    if (value.userType() == qMetaTypeId<QList<Text>>()) {
+        QStringList texts;
+        for (const Text &text : value.value<QList<Text>>())
+            texts += german(text);
+        return texts;
+    }
+    if (value.userType() != qMetaTypeId<QMap<int, Text>>())
+        return value;
+    QMap<int, QString> texts;
+    const auto all = value.value<QMap<int, Text>>();
+    for (auto it = all.begin(); it != all.end(); ++it)
+        texts.insert(it.key(), german(*it));
+    return QVariant::fromValue(texts);
+}
+
+NARV::WidgetPrivate *GalleryHost::place(const Library::WidgetMetaInformation &description,
+                                        const QVariantMap &values)
+{
+    m_scene.clear();
+    m_widget.reset(WidgetLibraryPluginPrivateAccessor::priv(gallery(m_loader)->instance())
+                       ->newWidgetInstance(description.id(), description.version().version(),
+                                           library().id(), description.fieldInfo(), this));
+    if (!m_widget)
+        return nullptr;
+    NARV::WidgetPrivate *widget = WidgetPrivateAccessor::priv(m_widget.get());
+    for (const auto &field : description.fields()) {
+        if (field.isMultiLanguage())
+            widget->setFieldValue(field.id() + QLatin1String(".font"), field.defaultFont(), true,
+                                  false);
+        widget->setFieldValue(field.id(), startValue(field), true, false);
+    }
+    for (auto it = values.begin(); it != values.end(); ++it)
+        widget->setFieldValue(it.key(), *it, true, false);
+    if (NARV::GraphicsObject *item = widget->newGraphicsObjectInstance())
+        m_scene.addItem(item);
+    widget->init();
+    return widget;
+}
+
+NARV::WidgetPrivate *GalleryHost::place(const char *widgetId, const QVariantMap &values)
+{
+    return place(library().widgetsLatestVersion()[QLatin1String(widgetId)], values);
+}
+
+QImage GalleryHost::grab(const QSizeF &size)
+{
+    GraphicsObjectPrivateAccessor::priv(m_widget->graphicsObjectsList().first())->resize(size);
+    const QRectF area = QRectF(QPointF(), size).adjusted(-margin, -margin, margin, margin);
+    QImage image(qCeil(area.width()), qCeil(area.height()), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    m_scene.render(&painter, image.rect(), QRectF(area.topLeft(), image.size()));
+    return image;
+}
