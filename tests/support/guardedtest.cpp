@@ -2,8 +2,6 @@
 
 #include <NARV/LogHandler>
 
-#include <algorithm>
-
 // Between the category and the message: nothing that either would hold.
 static constexpr QChar separator(0x1f);
 
