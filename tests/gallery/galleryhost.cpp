@@ -59,13 +59,13 @@ static QVariant startValue(const GalleryHost::Library::FieldMetaInformation &fie
     return QVariant::fromValue(texts);
 }
 
-NARV::WidgetPrivate *GalleryHost::place(const QString &widgetId, const QVariantMap &values)
+NARV::WidgetPrivate *GalleryHost::place(const Key &key, const QVariantMap &values)
 {
-    m_description = library().widgetsLatestVersion()[widgetId];
+    m_description = library().widgets()[key];
     m_scene.clear();
     m_widget.reset(WidgetLibraryPluginPrivateAccessor::priv(gallery(m_loader)->instance())
-                       ->newWidgetInstance(widgetId, m_description.version().version(),
-                                           library().id(), m_description.fieldInfo(), this));
+                       ->newWidgetInstance(key.first, key.second, library().id(),
+                                           m_description.fieldInfo(), this));
     if (!m_widget)
         return nullptr;
     NARV::WidgetPrivate *widget = WidgetPrivateAccessor::priv(m_widget.get());

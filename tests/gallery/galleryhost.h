@@ -17,13 +17,14 @@ class GalleryHost : public RecordingHost
 {
 public:
     using Library = NARV::INTERNAL::WidgetLibraryPluginMetaInformation;
+    using Key = QPair<QString, QString>;
 
     GalleryHost();
     ~GalleryHost() override;
 
     const Library &library() const;
-    //! Places the only widget of the scene, in its latest version, and initialises it.
-    NARV::WidgetPrivate *place(const QString &widgetId, const QVariantMap &values = {});
+    //! Places the only widget of the scene, told by id and version, and initialises it.
+    NARV::WidgetPrivate *place(const Key &key, const QVariantMap &values = {});
     //! The placed widget at a size (its default one), in a margin of its own.
     QImage grab(QSizeF size = {});
 

@@ -8,6 +8,36 @@
 
 using FieldType = GalleryHost::Library::FieldType;
 
+static const struct
+{
+    const char *name; // of the widget, and of the field that is set
+    QVariant value;
+    QVariantMap start = {};
+} changeRows[] = {
+    {"gauge.value", 50},
+    {"gauge.needleStyle", 2, {{u("value"), 50}}},
+    {"gauge.setpoint", 20, {{u("showSetpoint"), true}}},
+    {"gauge.title", u("Boiler")},
+    {"bar.value", 50},
+    {"bar.direction", 2, {{u("value"), 20}}},
+    {"bar.origin", 50, {{u("value"), 60}}},
+    {"numericDisplay.value", 50},
+    {"numericDisplay.unit", u("bar")},
+    {"lamp.state", 2},
+    {"lamp.shape", 1},
+    {"numericInput.value", 50},
+    {"numericInput.minimum", -10}, // the minus button comes to life
+    {"pushButton.value", true},
+    {"pushButton.enabled", false},
+    {"selector.value", 2},
+    {"selector.firstNumber", -1},
+    {"label.text", u("Pump")},
+    {"label.horizontalAlignment", 2},
+    {"trendChart.maximum", 7},
+    {"trendChart.pen1", u("level")}, // the legend names it
+    {"alarmList.emptyText", u("-")},
+};
+
 //! The gallery as a host meets it. The guard fails a widget that reads a field it does not have.
 class tst_Gallery : public GuardedTest
 {
@@ -18,13 +48,18 @@ private Q_SLOTS:
     void isDescribed();
     void draws_data();
     void draws();
-    void showsChanges_data();
+    void showsChanges_data() { addRows(changeRows); }
     void showsChanges();
     void alarmListFollowsAlarms();
     void watchdogExpires();
     void watchdogRestsInEditor();
 
 private:
+    GalleryHost::Key latest(const QString &id) const
+    {
+        return {id, m_host->library().widgetsLatestVersion()[id].version().version()};
+    }
+
     std::unique_ptr<GalleryHost> m_host;
 };
 
@@ -64,26 +99,26 @@ static int inkedPixels(const QImage &image, const QRect &area, bool inside)
 
 void tst_Gallery::draws_data()
 {
-    QTest::addColumn<QString>("id");
-    const auto widgets = m_host->library().widgetsLatestVersion();
-    for (const auto &widget : widgets) {
+    QTest::addColumn<GalleryHost::Key>("key");
+    for (const auto &widget : m_host->library().widgets()) {
+        const GalleryHost::Key key(widget.id(), widget.version().version());
         if (widget.showInPageGallery())
-            QTest::newRow(qPrintable(widget.id())) << widget.id();
+            QTest::addRow("%s %s", qPrintable(key.first), qPrintable(key.second)) << key;
     }
 }
 
 // Inside its borders, and whatever the values and the size.
 void tst_Gallery::draws()
 {
-    QFETCH(QString, id);
-    QVERIFY(m_host->place(id));
+    QFETCH(GalleryHost::Key, key);
+    QVERIFY(m_host->place(key));
     const QImage image = m_host->grab();
     const int margin = GalleryHost::margin;
     const QRect area = image.rect().adjusted(margin, margin, -margin, -margin);
     QVERIFY(inkedPixels(image, area, true) > 50);
     QCOMPARE(inkedPixels(image, area, false), 0);
 
-    const auto fields = m_host->library().widgetsLatestVersion()[id].fields();
+    const auto fields = m_host->library().widgets()[key].fields();
     using Double = std::numeric_limits<double>;
     for (double extreme : {-Double::infinity(), -1e9, -1.0, 0.0, 0.5, 1e9, Double::max(),
                            Double::infinity(), Double::quiet_NaN()}) {
@@ -94,52 +129,17 @@ void tst_Gallery::draws()
             else if (field.type() == FieldType::Integer || field.type() == FieldType::Option)
                 values.insert(field.id(), int(qBound(-1e9, extreme, 1e9)));
         }
-        QVERIFY(m_host->place(id, values));
+        QVERIFY(m_host->place(key, values));
         for (const QSizeF &size : {QSizeF(0, 0), QSizeF(0.5, 100), QSizeF(100, 1), QSizeF(60, 60)})
             QVERIFY(!m_host->grab(size).isNull());
     }
-}
-
-static const struct
-{
-    const char *name; // of the widget, and of the field that is set
-    QVariant value;
-    QVariantMap start = {};
-} changeRows[] = {
-    {"gauge.value", 50},
-    {"gauge.needleStyle", 2, {{u("value"), 50}}},
-    {"gauge.setpoint", 20, {{u("showSetpoint"), true}}},
-    {"gauge.title", u("Boiler")},
-    {"bar.value", 50},
-    {"bar.direction", 2, {{u("value"), 20}}},
-    {"bar.origin", 50, {{u("value"), 60}}},
-    {"numericDisplay.value", 50},
-    {"numericDisplay.unit", u("bar")},
-    {"lamp.state", 2},
-    {"lamp.shape", 1},
-    {"numericInput.value", 50},
-    {"numericInput.minimum", -10}, // the minus button comes to life
-    {"pushButton.value", true},
-    {"pushButton.enabled", false},
-    {"selector.value", 2},
-    {"selector.firstNumber", -1},
-    {"label.text", u("Pump")},
-    {"label.horizontalAlignment", 2},
-    {"trendChart.maximum", 7},
-    {"trendChart.pen1", u("level")}, // the legend names it
-    {"alarmList.emptyText", u("-")},
-};
-
-void tst_Gallery::showsChanges_data()
-{
-    addRows(changeRows);
 }
 
 void tst_Gallery::showsChanges()
 {
     const auto &row = currentRow(changeRows);
     const QStringList ids = u(row.name).split(QLatin1Char('.'));
-    NARV::WidgetPrivate *widget = m_host->place(ids[0], row.start);
+    NARV::WidgetPrivate *widget = m_host->place(latest(ids[0]), row.start);
     const QImage before = m_host->grab();
     widget->setFieldValue(ids[1], row.value, true, true);
     QVERIFY(m_host->grab() != before);
@@ -148,7 +148,7 @@ void tst_Gallery::showsChanges()
 void tst_Gallery::alarmListFollowsAlarms()
 {
     m_host->alarms.clear();
-    NARV::WidgetPrivate *list = m_host->place(u("alarmList"));
+    NARV::WidgetPrivate *list = m_host->place(latest(u("alarmList")));
     const QSizeF size(700, 300);
     const QImage empty = m_host->grab(size);
     const auto count = [list] { return list->fieldValues[u("alarmCount")].toInt(); };
@@ -176,7 +176,7 @@ static const QVariantMap impatient{{u("timeout"), 2}, {u("warningTime"), 1}};
 
 void tst_Gallery::watchdogExpires()
 {
-    NARV::WidgetPrivate *watchdog = m_host->place(u("sessionWatchdog"), impatient);
+    NARV::WidgetPrivate *watchdog = m_host->place(latest(u("sessionWatchdog")), impatient);
     QSignalSpy changes(watchdog, &NARV::WidgetPrivate::fieldIsChanged);
     const auto value = [watchdog](const char *id) {
         return watchdog->fieldValues[QLatin1String(id)];
@@ -199,7 +199,7 @@ void tst_Gallery::watchdogExpires()
 void tst_Gallery::watchdogRestsInEditor()
 {
     m_host->insideProjectEditor = true;
-    QSignalSpy changes(m_host->place(u("sessionWatchdog"), impatient),
+    QSignalSpy changes(m_host->place(latest(u("sessionWatchdog")), impatient),
                        &NARV::WidgetPrivate::fieldIsChanged);
     QVERIFY(!changes.wait(1100));
     QVERIFY(inkedPixels(m_host->grab({64, 64}), QRect(20, 20, 64, 64), true) > 50); // its icon

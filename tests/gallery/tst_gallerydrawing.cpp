@@ -9,24 +9,6 @@
 
 using NARV::AlarmInfo;
 
-//! What the items draw, before it is drawn: numbers, scales, limits, points, rows.
-class tst_GalleryDrawing : public GuardedTest
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase() { QLocale::setDefault(QLocale(QLocale::German)); }
-    void numbers_data();
-    void numbers();
-    void fractions_data();
-    void fractions();
-    void ticks();
-    void limits();
-    void dial();
-    void alarms_data();
-    void alarms();
-};
-
 using F = NumberFormat;
 static const struct
 {
@@ -51,17 +33,6 @@ static const struct
      "0000000000000000000000000000000000000000000000000000000000000001"},
 };
 
-void tst_GalleryDrawing::numbers_data()
-{
-    addRows(numberRows);
-}
-
-void tst_GalleryDrawing::numbers()
-{
-    const auto &row = currentRow(numberRows);
-    QCOMPARE(numberText(row.value, row.style), u(row.text));
-}
-
 static const struct
 {
     const char *name;
@@ -75,9 +46,46 @@ static const struct
     {"no length", 5.0, 5.0, 5.0, 0.0},     {"no number", 0.0, 10.0, qQNaN(), 0.0},
 };
 
-void tst_GalleryDrawing::fractions_data()
+using A = AlarmInfo;
+static const struct
 {
-    addRows(fractionRows);
+    const char *name;
+    AlarmFilter filter;
+    const char *names; // in order
+} alarmRows[] = {
+    {"all that are raised or not done with", {}, "65432"},
+    {"oldest first", {{}, 0, AlarmFilter::OldestFirst, -1, true, true}, "23456"},
+    {"most severe first", {{}, 0, AlarmFilter::MostSevereFirst, -1, true, true}, "53642"},
+    {"severity", {{}, A::SeverityNormal, 0, -1, true, true}, "53"},
+    {"group", {{u("odd"), u("no such")}, 0, 0, -1, true, true}, "53"},
+    {"not acknowledged", {{}, 0, 0, -1, false, true}, "532"},
+    {"raised", {{}, 0, 0, -1, true, false}, "432"},
+    {"rows", {{}, 0, 0, 2, true, true}, "65"},
+    {"no rows", {{}, 0, 0, 0, true, true}, ""},
+};
+
+//! What the items draw, before it is drawn: numbers, scales, limits, points, rows.
+class tst_GalleryDrawing : public GuardedTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::German)); }
+    void numbers_data() { addRows(numberRows); }
+    void numbers();
+    void fractions_data() { addRows(fractionRows); }
+    void fractions();
+    void ticks();
+    void limits();
+    void dial();
+    void alarms_data() { addRows(alarmRows); }
+    void alarms();
+};
+
+void tst_GalleryDrawing::numbers()
+{
+    const auto &row = currentRow(numberRows);
+    QCOMPARE(numberText(row.value, row.style), u(row.text));
 }
 
 void tst_GalleryDrawing::fractions()
@@ -122,29 +130,6 @@ void tst_GalleryDrawing::dial()
     QCOMPARE(dial.at(0, 1), QPointF(150 - diagonal, 100 + diagonal));
     QCOMPARE(dial.arc(0, 0.5, 1).currentPosition(), dial.at(0.5, 1));
     QCOMPARE(dial.pointer(0.5, 0.8, 0.1)[1], QPointF(150, 20));
-}
-
-using A = AlarmInfo;
-static const struct
-{
-    const char *name;
-    AlarmFilter filter;
-    const char *names; // in order
-} alarmRows[] = {
-    {"all that are raised or not done with", {}, "65432"},
-    {"oldest first", {{}, 0, AlarmFilter::OldestFirst, -1, true, true}, "23456"},
-    {"most severe first", {{}, 0, AlarmFilter::MostSevereFirst, -1, true, true}, "53642"},
-    {"severity", {{}, A::SeverityNormal, 0, -1, true, true}, "53"},
-    {"group", {{u("odd"), u("no such")}, 0, 0, -1, true, true}, "53"},
-    {"not acknowledged", {{}, 0, 0, -1, false, true}, "532"},
-    {"raised", {{}, 0, 0, -1, true, false}, "432"},
-    {"rows", {{}, 0, 0, 2, true, true}, "65"},
-    {"no rows", {{}, 0, 0, 0, true, true}, ""},
-};
-
-void tst_GalleryDrawing::alarms_data()
-{
-    addRows(alarmRows);
 }
 
 void tst_GalleryDrawing::alarms()

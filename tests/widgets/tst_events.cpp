@@ -8,6 +8,24 @@
 using namespace NARV;
 using Colors = QMap<AlarmInfo::State, QColor>;
 
+static const struct
+{
+    const char *name;
+    const char *key;
+    QVariant value;
+    int state;
+    int severity;
+} mapRows[] = {
+    {"nothing known", "State", 4, 1, 0},
+    {"enumerator", "state", QVariant::fromValue(AlarmInfo::StateTriggered), 2, 0},
+    {"number", "state", 4, 4, 0},
+    {"unknown number", "state", 99, 99, 0},
+    {"no state", "state", u("burning"), 0, 0},
+    {"invalid", "state", {}, 0, 0},
+    {"severity", "severity", 6, 1, 6},
+    {"no severity", "severity", u("burning"), 1, 0},
+};
+
 //! Events, roles and the alarms that they tell of.
 class tst_Events : public GuardedTest
 {
@@ -16,7 +34,7 @@ class tst_Events : public GuardedTest
 private Q_SLOTS:
     void types();
     void alarmStates();
-    void alarmFromMap_data();
+    void alarmFromMap_data() { addRows(mapRows); }
     void alarmFromMap();
     void alarmFromUnusableMap();
     void alarmEquality();
@@ -47,29 +65,6 @@ void tst_Events::alarmStates()
                      .arg(int(alarm.enabled()));
     }
     QCOMPARE(found.join(QLatin1Char(' ')), u("000 001 101 101 111 001 011"));
-}
-
-static const struct
-{
-    const char *name;
-    const char *key;
-    QVariant value;
-    int state;
-    int severity;
-} mapRows[] = {
-    {"nothing known", "State", 4, 1, 0},
-    {"enumerator", "state", QVariant::fromValue(AlarmInfo::StateTriggered), 2, 0},
-    {"number", "state", 4, 4, 0},
-    {"unknown number", "state", 99, 99, 0},
-    {"no state", "state", u("burning"), 0, 0},
-    {"invalid", "state", {}, 0, 0},
-    {"severity", "severity", 6, 1, 6},
-    {"no severity", "severity", u("burning"), 1, 0},
-};
-
-void tst_Events::alarmFromMap_data()
-{
-    addRows(mapRows);
 }
 
 void tst_Events::alarmFromMap()

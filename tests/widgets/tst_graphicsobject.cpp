@@ -13,13 +13,26 @@
 using NARV::GraphicsObject;
 using NARV::INTERNAL::GraphicsObjectPrivateAccessor;
 
+static const struct
+{
+    const char *name;
+    QSizeF size; // after 100 by 50
+    bool isChange;
+} resizeRows[] = {
+    {"same", {100, 50}, false},
+    {"nearly same", {100 + 1e-11, 50}, false},
+    {"other width", {100.001, 50}, true},
+    {"other height", {100, 51}, true},
+    {"nothing", {0, 0}, true},
+};
+
 class tst_GraphicsObject : public GuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void defaults();
-    void resize_data();
+    void resize_data() { addRows(resizeRows); }
     void resize();
     void resizeUpdatesTheScene();
     void touchBecomesMouse();
@@ -45,24 +58,6 @@ void tst_GraphicsObject::defaults()
             item->flags().testFlag(QGraphicsItem::ItemIsSelectable));
     item->setData(0, 5);
     QCOMPARE(item->data(0), QVariant(5));
-}
-
-static const struct
-{
-    const char *name;
-    QSizeF size; // after 100 by 50
-    bool isChange;
-} resizeRows[] = {
-    {"same", {100, 50}, false},
-    {"nearly same", {100 + 1e-11, 50}, false},
-    {"other width", {100.001, 50}, true},
-    {"other height", {100, 51}, true},
-    {"nothing", {0, 0}, true},
-};
-
-void tst_GraphicsObject::resize_data()
-{
-    addRows(resizeRows);
 }
 
 void tst_GraphicsObject::resize()

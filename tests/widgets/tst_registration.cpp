@@ -42,30 +42,6 @@ public:
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
 };
 
-class tst_Registration : public GuardedTest
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void managerGoesWithWidget();
-    void misfits_data();
-    void misfits();
-    void signatures();
-    void strayItemIsForgotten();
-    void projectWidget();
-    void table();
-    void pluginInterface();
-};
-
-void tst_Registration::managerGoesWithWidget()
-{
-    GaugeFixture fixture;
-    const QPointer<NARV::WidgetActionManager> manager = fixture.priv()->widgetActionManager;
-    QVERIFY(manager && !fixture.widget->parent() && fixture.widget->children().isEmpty());
-    delete fixture.widget;
-    QVERIFY(!manager);
-}
-
 static const struct
 {
     const char *name;
@@ -81,9 +57,28 @@ static const struct
     {"no item", &RecordingWidget::staticMetaObject, &RecordingWidget::staticMetaObject, true},
 };
 
-void tst_Registration::misfits_data()
+class tst_Registration : public GuardedTest
 {
-    addRows(misfitRows);
+    Q_OBJECT
+
+private Q_SLOTS:
+    void managerGoesWithWidget();
+    void misfits_data() { addRows(misfitRows); }
+    void misfits();
+    void signatures();
+    void strayItemIsForgotten();
+    void projectWidget();
+    void table();
+    void pluginInterface();
+};
+
+void tst_Registration::managerGoesWithWidget()
+{
+    GaugeFixture fixture;
+    const QPointer<NARV::WidgetActionManager> manager = fixture.priv()->widgetActionManager;
+    QVERIFY(manager && !fixture.widget->parent() && fixture.widget->children().isEmpty());
+    delete fixture.widget;
+    QVERIFY(!manager);
 }
 
 void tst_Registration::misfits()

@@ -12,22 +12,72 @@ static const QString level = u("level");
 static const QString secret = u("secret");
 static const QString none = u("none");
 
+static const struct
+{
+    const char *name;
+    void (*act)(GaugeFixture &);
+} eventRows[] = {
+    {"InitEvent", [](GaugeFixture &gauge) { gauge.priv()->init(); }},
+    {"DeinitEvent",
+     [](GaugeFixture &gauge) {
+         gauge.priv()->init();
+         gauge.journal.clear();
+         gauge.priv()->deinit();
+     }},
+    {"FieldIsChanged", [](GaugeFixture &gauge) { gauge.items[1]->setFieldValue(level, 1); }},
+    {"AlarmStatusIsChanged",
+     [](GaugeFixture &gauge) { gauge.priv()->alarmEvent(NARV::AlarmInfo()); }},
+};
+
+static const struct
+{
+    const char *name;
+    QString field;
+    QVariant value;
+    bool isInternal;
+    QVariant stored; // before: 7
+    int signalCount;
+    int eventCount;
+} writeRows[] = {
+    {"plugin", level, 8, false, 8, 1, 1},         {"plugin, equal", level, 7, false, 7, 1, 0},
+    {"converted", level, u("8"), false, 8, 1, 1}, {"unconvertible", level, u("x"), false, 7, 0, 0},
+    {"forbidden", secret, 8, false, 7, 0, 0},     {"host", level, 8, true, 8, 0, 1},
+    {"host, equal", level, 7, true, 7, 0, 0},     {"host, forbidden", secret, 8, true, 8, 0, 1},
+    {"host, unknown", none, 8, true, {}, 0, 0},
+};
+
+// The second of three items deletes some. Afterwards each item that is still there has heard the
+// event once, those gone before their turn have not.
+static const struct
+{
+    const char *name;
+    bool isInHandler; // else in narvEvent()
+    QVector<int> victims;
+    const char *heard;
+} intrusionRows[] = {
+    {"earlier", true, {0}, "w? w! 1? 1! 2? 2! 3? 3!"},
+    {"later", true, {2}, "w? w! 1? 1! 2? 2!"},
+    {"itself", true, {1}, "w? w! 1? 1! 2? 2! 3? 3!"},
+    {"itself at once", false, {1}, "w? w! 1? 1! 2? 3? 3!"},
+    {"all at once", false, {0, 2, 1}, "w? w! 1? 1! 2?"},
+};
+
 class tst_Widget : public GuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void graphicsObjectsList();
-    void eventOrder_data();
+    void eventOrder_data() { addRows(eventRows); }
     void eventOrder();
     void initAndDeinitAreIdempotent();
-    void writes_data();
+    void writes_data() { addRows(writeRows); }
     void writes();
     void reads();
     void failuresAreLoggedInsideTheTestBenchOnly();
     void changes();
     void writeOfTheSameValueIsNoChange();
-    void intrusiveHandlers_data();
+    void intrusiveHandlers_data() { addRows(intrusionRows); }
     void intrusiveHandlers();
     void itemMadeInHandlerIsNotServed();
     void stateChangedInHandler();
@@ -48,28 +98,6 @@ void tst_Widget::graphicsObjectsList()
     delete gauge.items[1];
     const QList<NARV::GraphicsObject *> left{gauge.items[0], gauge.items[2]};
     QCOMPARE(gauge.widget->graphicsObjectsList(), left);
-}
-
-static const struct
-{
-    const char *name;
-    void (*act)(GaugeFixture &);
-} eventRows[] = {
-    {"InitEvent", [](GaugeFixture &gauge) { gauge.priv()->init(); }},
-    {"DeinitEvent",
-     [](GaugeFixture &gauge) {
-         gauge.priv()->init();
-         gauge.journal.clear();
-         gauge.priv()->deinit();
-     }},
-    {"FieldIsChanged", [](GaugeFixture &gauge) { gauge.items[1]->setFieldValue(level, 1); }},
-    {"AlarmStatusIsChanged",
-     [](GaugeFixture &gauge) { gauge.priv()->alarmEvent(NARV::AlarmInfo()); }},
-};
-
-void tst_Widget::eventOrder_data()
-{
-    addRows(eventRows);
 }
 
 void tst_Widget::eventOrder()
@@ -96,28 +124,6 @@ void tst_Widget::initAndDeinitAreIdempotent()
     gauge.priv()->deinit();
     gauge.priv()->deinit();
     QCOMPARE(gauge.heard("DeinitEvent"), u("w? w! 1? 1! 2? 2!"));
-}
-
-static const struct
-{
-    const char *name;
-    QString field;
-    QVariant value;
-    bool isInternal;
-    QVariant stored; // before: 7
-    int signalCount;
-    int eventCount;
-} writeRows[] = {
-    {"plugin", level, 8, false, 8, 1, 1},         {"plugin, equal", level, 7, false, 7, 1, 0},
-    {"converted", level, u("8"), false, 8, 1, 1}, {"unconvertible", level, u("x"), false, 7, 0, 0},
-    {"forbidden", secret, 8, false, 7, 0, 0},     {"host", level, 8, true, 8, 0, 1},
-    {"host, equal", level, 7, true, 7, 0, 0},     {"host, forbidden", secret, 8, true, 8, 0, 1},
-    {"host, unknown", none, 8, true, {}, 0, 0},
-};
-
-void tst_Widget::writes_data()
-{
-    addRows(writeRows);
 }
 
 void tst_Widget::writes()
@@ -199,27 +205,6 @@ void tst_Widget::writeOfTheSameValueIsNoChange()
         gauge.widget->setFieldValue(u("texts"), QVariant::fromValue(texts));
     }
     QCOMPARE(gauge.heard("FieldIsChanged"), u("w? w! w? w!"));
-}
-
-// The second of three items deletes some. Afterwards each item that is still there has heard the
-// event once, those gone before their turn have not.
-static const struct
-{
-    const char *name;
-    bool isInHandler; // else in narvEvent()
-    QVector<int> victims;
-    const char *heard;
-} intrusionRows[] = {
-    {"earlier", true, {0}, "w? w! 1? 1! 2? 2! 3? 3!"},
-    {"later", true, {2}, "w? w! 1? 1! 2? 2!"},
-    {"itself", true, {1}, "w? w! 1? 1! 2? 2! 3? 3!"},
-    {"itself at once", false, {1}, "w? w! 1? 1! 2? 3? 3!"},
-    {"all at once", false, {0, 2, 1}, "w? w! 1? 1! 2?"},
-};
-
-void tst_Widget::intrusiveHandlers_data()
-{
-    addRows(intrusionRows);
 }
 
 void tst_Widget::intrusiveHandlers()
