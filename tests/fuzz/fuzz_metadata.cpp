@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QRegularExpression>
 #include <QSet>
+#include <QUuid>
 
 #include <limits>
 
@@ -24,7 +25,9 @@ static QJsonObject parsed(const QByteArray &bytes)
     const QJsonDocument document = QJsonDocument::fromJson(bytes);
     if (!document.isNull())
         return document.object();
-    return QCborValue::fromCbor(bytes).toJsonValue().toObject();
+    QCborParserError error;
+    const QCborValue value = QCborValue::fromCbor(bytes, &error);
+    return error.error == QCborError::NoError ? value.toJsonValue().toObject() : QJsonObject();
 }
 
 static bool matches(const QString &text, const char *pattern)
@@ -128,6 +131,7 @@ static void checkTranslatableStrings(const Library &library, const QString &lang
 static void checkLibrary(const Library &library)
 {
     FUZZ_REQUIRE(matches(library.id(), "[0-9a-fA-F]{8}-([0-9a-fA-F]{4}-){3}[0-9a-fA-F]{12}"));
+    FUZZ_REQUIRE(!QUuid(library.id()).isNull());
     FUZZ_REQUIRE(library.version().isValid());
     QSet<QString> ids;
     const auto latest = library.widgetsLatestVersion();

@@ -23,6 +23,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
     std::abort();
 }
 
+//! A warning of Qt means that something was handed on unchecked.
+inline void fuzzFailOnWarning(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    std::fprintf(stderr, "Qt warns: %s\n", qPrintable(message));
+    std::abort();
+}
+
+inline const QtMessageHandler fuzzReplacedHandler = qInstallMessageHandler(fuzzFailOnWarning);
+
 inline QByteArray fuzzBytes(const uint8_t *data, size_t size)
 {
     return {reinterpret_cast<const char *>(data), int(size)};

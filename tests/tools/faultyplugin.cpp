@@ -41,6 +41,12 @@ public:
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
 };
 
+[[maybe_unused]] static void crash()
+{
+    std::signal(SIGSEGV, SIG_DFL); // some sanitizers handle it
+    std::raise(SIGSEGV);
+}
+
 class FaultyPlugin : public WidgetLibraryPlugin
 {
     Q_OBJECT
@@ -49,8 +55,18 @@ class FaultyPlugin : public WidgetLibraryPlugin
 
 public:
     FaultyPlugin();
-    ~FaultyPlugin() override;
-    void load() override;
+#ifdef FAULT_UNLOAD
+    ~FaultyPlugin() override
+    {
+        crash();
+    }
+#endif
+#ifdef FAULT_LOAD_HOOK
+    void load() override
+    {
+        throw std::runtime_error("no database");
+    }
+#endif
 };
 
 #ifdef FAULT_SYMBOL
@@ -60,12 +76,6 @@ struct Elsewhere
 };
 int elsewhere();
 #endif
-
-[[maybe_unused]] static void crash()
-{
-    std::signal(SIGSEGV, SIG_DFL); // some sanitizers handle it
-    std::raise(SIGSEGV);
-}
 
 FaultyPlugin::FaultyPlugin()
 {
@@ -89,20 +99,6 @@ FaultyPlugin::FaultyPlugin()
 #elif defined(FAULT_CONTENT)
     NARV::registerWidget<Gauge, GaugeItem>(this, QStringLiteral("gauge"), QStringLiteral("1.0"));
     NARV::registerProjectWidget(this, QStringLiteral("extra"), QStringLiteral("1.0.0"), nullptr);
-#endif
-}
-
-FaultyPlugin::~FaultyPlugin()
-{
-#ifdef FAULT_UNLOAD
-    crash();
-#endif
-}
-
-void FaultyPlugin::load()
-{
-#ifdef FAULT_LOAD_HOOK
-    throw std::runtime_error("no database");
 #endif
 }
 

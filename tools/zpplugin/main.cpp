@@ -55,7 +55,7 @@ int main(int argc, char **argv)
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.isEmpty())
         return usageError(QStringLiteral("zpplugin"), QStringLiteral("Which command?"));
-    const QString first = arguments.first();
+    const QString &first = arguments.first();
     if (first == QLatin1String("--version") || first == QLatin1String("-v"))
         Terminal(stdout).print(QStringLiteral("zpplugin " ZPPLUGIN_VERSION));
     else if (first == QLatin1String("--help") || first == QLatin1String("-h"))

@@ -76,7 +76,8 @@ NamedFields namedFields(const QJsonArray &fields)
         const QJsonObject field = value.toObject();
         NamedField &entry = result[field.value(QLatin1String("id")).toString()];
         entry.type = Library::fieldTypeFromString(field.value(QLatin1String("type")).toString());
-        for (const QJsonValue &option : field.value(QLatin1String("options")).toArray())
+        const QJsonArray options = field.value(QLatin1String("options")).toArray();
+        for (const QJsonValue &option : options)
             entry.optionIndices.insert(
                 NARV::INTERNAL::toInt(option.toObject().value(QLatin1String("index"))));
     }

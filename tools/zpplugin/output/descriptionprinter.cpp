@@ -95,7 +95,8 @@ QString valueText(const QJsonValue &value)
         return objectText(value.toObject());
     case QJsonValue::Array: {
         QStringList texts;
-        for (const QJsonValue &element : value.toArray())
+        const QJsonArray elements = value.toArray();
+        for (const QJsonValue &element : elements)
             texts += valueText(element);
         return texts.join(QLatin1String(", "));
     }
@@ -163,7 +164,8 @@ void printWidget(const QJsonObject &widget, Terminal &terminal)
                              valueText(widget.value(Key("version"))),
                              valueText(widget.value(Key("display")))));
     printer.rows(widgetRows, widget);
-    for (const QJsonValue &field : widget.value(Key("fields")).toArray())
+    const QJsonArray fields = widget.value(Key("fields")).toArray();
+    for (const QJsonValue &field : fields)
         printField(field.toObject(), terminal);
 }
 
@@ -175,7 +177,8 @@ void printDescription(const QJsonObject &description, Terminal &terminal)
     printer.heading(QStringLiteral("%1 %2").arg(valueText(description.value(Key("name"))),
                                                 valueText(description.value(Key("version")))));
     printer.rows(pluginRows, description);
-    for (const QJsonValue &widget : description.value(Key("widgets")).toArray())
+    const QJsonArray widgets = description.value(Key("widgets")).toArray();
+    for (const QJsonValue &widget : widgets)
         printWidget(widget.toObject(), terminal);
 }
 

@@ -68,7 +68,8 @@ Findings translationFindings(const QJsonObject &translations)
                                     QStringLiteral("there is no translation file for %1, which the "
                                                    "metadata names")
                                         .arg(it.key())));
-        for (const QJsonValue &text : translation[Key("missing")].toArray())
+        const QJsonArray missing = translation[Key("missing")].toArray();
+        for (const QJsonValue &text : missing)
             findings.append(
                 Finding(Severity::Warning, "translation",
                         QStringLiteral("no %1 translation of %2").arg(it.key(), text.toString())));

@@ -231,7 +231,8 @@ QJsonObject descriptionToJson(const Library &info, const QString &language)
 QStringList languagesOf(const QJsonObject &description)
 {
     QStringList languages{description.value(QLatin1String("defaultLanguage")).toString()};
-    for (const QJsonValue &language : description.value(QLatin1String("translation")).toArray())
+    const QJsonArray translations = description.value(QLatin1String("translation")).toArray();
+    for (const QJsonValue &language : translations)
         languages += language.toString();
     return languages;
 }

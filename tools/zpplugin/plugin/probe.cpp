@@ -28,6 +28,7 @@ Probe::Probe(const ProbeRequest &request)
         arguments += QStringLiteral("inspect");
     m_process.setProgram(QCoreApplication::applicationFilePath());
     m_process.setArguments(arguments);
+    m_process.setStandardInputFile(QProcess::nullDevice());
     connect(&m_process, &QProcess::readyReadStandardOutput, this, &Probe::readReport);
     connect(&m_process, &QProcess::readyReadStandardError, this, &Probe::readOutput);
 }
