@@ -36,6 +36,8 @@ double number<double>(const QJsonValue &value)
 FieldDescriptionReader::FieldDescriptionReader(const QJsonObject &object, const JsonPath &path,
                                                DescriptionContext &context)
     : m_in(object, path, context)
+    , m_data(new FieldMetaInformationData)
+    , m_field(*m_data)
 {
 }
 
@@ -82,7 +84,7 @@ Library::FieldMetaInformation FieldDescriptionReader::infoFromMetaDataParseField
 
     FieldMetaInformation field;
     m_field.isValid = true;
-    field.d = new FieldMetaInformationData(std::move(m_field));
+    field.d = m_data;
     return field;
 }
 

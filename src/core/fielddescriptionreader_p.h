@@ -68,7 +68,8 @@ private:
     QString refusal(const char *text) const;
 
     ObjectReader m_in;
-    FieldMetaInformationData m_field;
+    QSharedDataPointer<FieldMetaInformationData> m_data;
+    FieldMetaInformationData &m_field;
     QStringList m_requirementsFieldIds;
 };
 

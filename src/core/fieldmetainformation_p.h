@@ -25,7 +25,7 @@ public:
     QString requirements;
     QVariant minimum;
     QVariant maximum;
-    QFont defaultFont;
+    QFont defaultFont = toolkitFont();
     bool defaultFontSpecified = false;
     bool isMultiLanguage = false;
     QList<QPair<int, QString>> options;
@@ -36,6 +36,14 @@ public:
     TranslationStringType displayFontUnderline;
     QVector<Library::TagType> tagAcceptedTypes;
     bool tagOnDemand = false;
+
+private:
+    //! Making a font takes a lock of the toolkit's; copying one does not.
+    static const QFont &toolkitFont()
+    {
+        static const QFont font;
+        return font;
+    }
 };
 
 } // namespace NARV::INTERNAL

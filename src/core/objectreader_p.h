@@ -5,6 +5,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QVarLengthArray>
 
 namespace NARV::INTERNAL {
 
@@ -59,32 +60,27 @@ public:
         TrimmedNotEmpty
     };
 
-    //! The object, path and context have to outlive the reader.
-    ObjectReader(const QJsonObject &object, const JsonPath &path, DescriptionContext &context)
-        : m_object(object)
-        , m_path(path)
-        , m_context(context)
-    {
-    }
+    //! The path and context have to outlive the reader.
+    ObjectReader(const QJsonObject &object, const JsonPath &path, DescriptionContext &context);
 
-    bool contains(QLatin1String key) const { return m_object.contains(key); }
+    bool contains(QLatin1String key) const { return !value(key).isUndefined(); }
 
     //! Hands the value under key, if there is one, to take(value); where that says false, the
     //! value is reported as invalid. True when a value was taken.
     template<typename Take>
     bool optional(QLatin1String key, int invalid, Take take)
     {
-        return takeValue(key, m_object.value(key), invalid, take);
+        return takeValue(key, value(key), invalid, take);
     }
 
     //! The same, where a value that is not there is reported as missing.
     template<typename Take>
     bool required(QLatin1String key, int missing, int invalid, Take take)
     {
-        const QJsonValue value = m_object.value(key);
-        if (value.isUndefined())
+        const QJsonValue &found = value(key);
+        if (found.isUndefined())
             fail(missing, key);
-        return takeValue(key, value, invalid, take);
+        return takeValue(key, found, invalid, take);
     }
 
     bool flag(QLatin1String key, int invalid, bool &out);
@@ -128,17 +124,28 @@ public:
 
 private:
     template<typename Take>
-    bool takeValue(QLatin1String key, const QJsonValue &value, int invalid, Take take)
+    bool takeValue(QLatin1String key, const QJsonValue &found, int invalid, Take take)
     {
-        if (value.isUndefined() || stopped())
+        if (found.isUndefined() || stopped())
             return false;
-        if (take(value))
+        if (take(found))
             return true;
         fail(invalid, key);
         return false;
     }
 
-    const QJsonObject &m_object;
+    struct Member
+    {
+        QString key;
+        QJsonValue value;
+    };
+
+    //! The value under key; undefined if there is none.
+    const QJsonValue &value(QLatin1String key) const;
+
+    //! QJsonObject finds a member by comparing keys letter by letter and hands out a new value each
+    //! time; few objects have so many members that looking at the lengths of all takes longer.
+    QVarLengthArray<Member, 16> m_members;
     const JsonPath &m_path;
     DescriptionContext &m_context;
 };

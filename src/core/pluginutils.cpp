@@ -6,6 +6,7 @@
 #include "core/uuidtext_p.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 #include <iterator>
 
@@ -86,7 +87,10 @@ bool PluginUtils::infoFromMetaDataParseTranslatableString(
         result = *translated;
     else
         result = PluginMetaInformation::TranslationStringType(context.language, text, comment);
-    recent = {text, comment, result, true};
+    recent.text = text;
+    recent.comment = comment;
+    recent.value = result;
+    recent.isUsed = true;
     return true;
 }
 
@@ -173,7 +177,11 @@ QStringList PluginUtils::readTranslation(ObjectReader &in)
 void PluginUtils::importTranslations(ObjectReader &in, const QString &id, const QStringList &codes,
                                      TranslationTable &translations)
 {
+    QSet<QString> imported; // a second time changes nothing
     for (int i = 0; i < codes.size() && !in.stopped() && !id.isEmpty(); ++i) {
+        if (imported.contains(codes.at(i)))
+            continue;
+        imported.insert(codes.at(i));
         const QString path =
             QStringLiteral(":/%1/resources/translation/%2.csv").arg(id, codes.at(i));
         if (!QFileInfo::exists(path) || translations.importFile(path, codes.at(i), true))

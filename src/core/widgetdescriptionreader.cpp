@@ -60,11 +60,12 @@ bool FieldsReader::readField(const QJsonValue &value, int index)
     const Library::FieldMetaInformation field = reader.infoFromMetaDataParseField();
     if (m_in.stopped())
         return true;
-    if (m_fields.contains(field.id())) {
+    const auto next = m_fields.lowerBound(field.id());
+    if (next != m_fields.end() && next.key() == field.id()) {
         m_in.context().faults.add(MetaDataError::FieldsInvalid, {&path, Key("id")});
         return true;
     }
-    m_fields.insert(field.id(), field);
+    m_fields.insert(next, field.id(), field);
     for (const QString &id : reader.requirementsFieldIds())
         m_requirements.append({index, id});
     return true;

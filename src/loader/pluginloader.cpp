@@ -75,7 +75,8 @@ public:
     Library &operator=(const Library &) = delete;
     ~Library()
     {
-        if (m_loader && m_loader->isLoaded())
+        // Also when it does not count as loaded: one without a root object is mapped all the same.
+        if (m_loader)
             m_loader->unload();
     }
 

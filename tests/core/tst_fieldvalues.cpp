@@ -3,7 +3,6 @@
 #include <NARV/INTERNAL/WidgetLibraryPluginUtils>
 
 #include <QColor>
-#include <QTest>
 
 using namespace NARV::INTERNAL;
 using Library = WidgetLibraryPluginMetaInformation;
@@ -12,10 +11,103 @@ using FieldType = Library::FieldType;
 using TagType = Library::TagType;
 using StringMap = QMap<int, QString>;
 
-static QString u(const char *text)
+static const struct
 {
-    return QString::fromUtf8(text);
-}
+    const char *name; // the text
+    int type;
+    QVariant value;
+} textRows[] = {
+    {"ä \"\n", FieldType::String, u("ä \"\n")},
+    {"[]", FieldType::StringList, QStringList()},
+    {R"(["a","\"","ж"])", FieldType::StringList, QStringList{u("a"), u("\""), u("ж")}},
+    {"[]", FieldType::StringMap, QVariant::fromValue(StringMap())},
+    {R"([{"i":-1,"v":"a"},{"i":2,"v":"b"}])", FieldType::StringMap,
+     QVariant::fromValue(StringMap{{2, u("b")}, {-1, u("a")}})},
+    {"-2147483648", FieldType::Integer, -2147483647 - 1},
+    {"3", FieldType::Option, 3},
+    {"0.1", FieldType::Double, 0.1},
+    {"1.23457e+06", FieldType::Double, 1.23457e6},
+    {"true", FieldType::Bool, true},
+    {"false", FieldType::Bool, false},
+    {"#1234ff", FieldType::Color, QColor(18, 52, 255)},
+    {R"({"isValid":true,"value":"images/pump.svg"})", FieldType::Image, u("images/pump.svg")},
+    {R"({"isValid":false,"value":""})", FieldType::Image, {}},
+    {"", FieldType::Undefined, {}},
+    {"", FieldType::Tag, {}},
+    {"", FieldType::Trend, {}},
+};
+
+// Texts that no writer makes, and values that do not fit their type.
+static const struct
+{
+    const char *name; // the text
+    int type;
+    const char *rewritten;
+} fallbackRows[] = {
+    {"no JSON", FieldType::StringList, "[]"},
+    {R"({"a":1})", FieldType::StringList, "[]"},
+    {R"(["a",1])", FieldType::StringList, R"(["a",""])"},
+    {R"([{"i":1,"v":"a"},7,{"i":1,"v":"b"}])", FieldType::StringMap, R"([{"i":1,"v":"b"}])"},
+    {R"([{"i":1e99,"v":"a"}])", FieldType::StringMap, R"([{"i":2147483647,"v":"a"}])"},
+    {"12a", FieldType::Integer, "0"},
+    {"99999999999", FieldType::Integer, "0"},
+    {"1,5", FieldType::Double, "0"},
+    {"1234567.0", FieldType::Double, "1.23457e+06"},
+    {"TRUE", FieldType::Bool, "false"},
+    {"1", FieldType::Bool, "false"},
+    {"#80ff0000", FieldType::Color, "#ff0000"},
+    {"#f00", FieldType::Color, "#ff0000"},
+    {"red", FieldType::Color, "#ff0000"},
+    {"no colour", FieldType::Color, "#000000"},
+    {"[]", FieldType::Image, R"({"isValid":false,"value":""})"},
+    {R"({"isValid":1,"value":"a"})", FieldType::Image, R"({"isValid":false,"value":""})"},
+    {"anything", 99, ""},
+    {"anything", -1, ""},
+};
+
+static const struct
+{
+    const char *name;
+    int type;
+    QVariant value;
+    bool ok;
+    QVariant converted;
+} conversionRows[] = {
+    {"number", FieldType::String, 5, true, u("5")},
+    {"text", FieldType::StringList, u("a"), true, QStringList{u("a")}},
+    {"map", FieldType::StringMap, QVariant::fromValue(StringMap{{1, u("a")}}), true,
+     QVariant::fromValue(StringMap{{1, u("a")}})},
+    {"text", FieldType::StringMap, u("a"), false, u("a")},
+    {"text", FieldType::Integer, u("7"), true, 7},
+    {"no number", FieldType::Integer, u("x"), false, 0},
+    {"text", FieldType::Option, u("7"), true, 7},
+    {"number", FieldType::Double, 7, true, 7.0},
+    {"text", FieldType::Bool, u("true"), true, true},
+    {"name", FieldType::Color, u("red"), true, QColor(Qt::red)},
+    {"list", FieldType::Font, QStringList(), false, {}},
+    {"text", FieldType::Image, u("a.svg"), true, u("a.svg")},
+    {"none", FieldType::Image, QVariant(), true, QVariant()},
+    {"list", FieldType::Image, QVariant::fromValue(StringMap()), false, QString()},
+    {"anything", FieldType::Tag, 5, true, 5},
+    {"anything", FieldType::Trend, 5, true, 5},
+    {"anything", FieldType::Undefined, 5, false, 5},
+    {"anything", 13, 5, false, 5},
+    {"anything", -1, 5, false, 5},
+};
+
+static const struct
+{
+    const char *name;
+    bool isOk;
+} fontRows[] = {
+    {R"({"bold":1,"family":"F","size":12,"style":"italic","underline":1})", true},
+    {R"({"bold":true,"family":"F","size":12,"style":"italic","underline":1})", false},
+    {R"({"bold":1,"family":1,"size":12,"style":"italic","underline":1})", false},
+    {R"({"bold":1,"family":"F","size":"12","style":"italic","underline":1})", false},
+    {R"({"bold":1,"family":"F","size":12,"underline":1})", false},
+    {R"({"bold":1,"family":"F","size":12,"style":"italic","underline":false})", false},
+    {"no JSON", false},
+};
 
 //! Field and tag types, the text form of values, and fonts.
 class tst_FieldValues : public GuardedTest
@@ -24,15 +116,15 @@ class tst_FieldValues : public GuardedTest
 
 private Q_SLOTS:
     void typeNames();
-    void textForms_data();
+    void textForms_data() { addRows(textRows); }
     void textForms();
-    void fallbacks_data();
+    void fallbacks_data() { addRows(fallbackRows); }
     void fallbacks();
-    void conversions_data();
+    void conversions_data() { addRows(conversionRows); }
     void conversions();
     void mapsAreComparable();
     void fonts();
-    void checkedFonts_data();
+    void checkedFonts_data() { addRows(fontRows); }
     void checkedFonts();
 };
 
@@ -64,134 +156,38 @@ void tst_FieldValues::typeNames()
         QCOMPARE(Library::fieldTypeCanBeUsedInARequirementsExpression(type), usable.contains(type));
 }
 
-void tst_FieldValues::textForms_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("text");
-    const auto row = [](FieldType type, const QVariant &value, const char *text) {
-        QTest::newRow(text) << int(type) << value << u(text);
-    };
-    row(FieldType::String, u("ä \"\n"), "ä \"\n");
-    row(FieldType::StringList, QStringList(), "[]");
-    row(FieldType::StringList, QStringList{u("a"), u("\""), u("ж")}, R"(["a","\"","ж"])");
-    row(FieldType::StringMap, QVariant::fromValue(StringMap()), "[]");
-    row(FieldType::StringMap, QVariant::fromValue(StringMap{{2, u("b")}, {-1, u("a")}}),
-        R"([{"i":-1,"v":"a"},{"i":2,"v":"b"}])");
-    row(FieldType::Integer, -2147483647 - 1, "-2147483648");
-    row(FieldType::Option, 3, "3");
-    row(FieldType::Double, 0.1, "0.1");
-    row(FieldType::Double, 1.23457e6, "1.23457e+06");
-    row(FieldType::Bool, true, "true");
-    row(FieldType::Bool, false, "false");
-    row(FieldType::Color, QColor(18, 52, 255), "#1234ff");
-    row(FieldType::Image, u("images/pump.svg"), R"({"isValid":true,"value":"images/pump.svg"})");
-    row(FieldType::Image, QVariant(), R"({"isValid":false,"value":""})");
-    for (FieldType type : {FieldType::Undefined, FieldType::Tag, FieldType::Trend})
-        row(type, QVariant(), "");
-}
-
 void tst_FieldValues::textForms()
 {
-    QFETCH(int, type);
-    QFETCH(QVariant, value);
-    QFETCH(QString, text);
-    QCOMPARE(Utils::fieldValueToString(type, value), text);
-    const QVariant readBack = Utils::fieldValueFromString(type, text);
+    const auto &[text, type, value] = currentRow(textRows);
+    QCOMPARE(Utils::fieldValueToString(type, value), u(text));
+    const QVariant readBack = Utils::fieldValueFromString(type, u(text));
     QCOMPARE(readBack, value);
     QCOMPARE(readBack.userType(), value.userType());
 }
 
-// Texts that no writer makes, and values that do not fit their type.
-void tst_FieldValues::fallbacks_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("rewritten");
-    const auto row = [](FieldType type, const QByteArray &text, const char *rewritten) {
-        QTest::addRow("%d %s", int(type), text.left(40).constData())
-            << int(type) << QString::fromUtf8(text) << u(rewritten);
-    };
-    row(FieldType::StringList, "no JSON", "[]");
-    row(FieldType::StringList, R"({"a":1})", "[]");
-    row(FieldType::StringList, R"(["a",1])", R"(["a",""])");
-    row(FieldType::StringList, QByteArray(100000, '['), "[]");
-    row(FieldType::StringMap, R"([{"i":1,"v":"a"},7,{"i":1,"v":"b"}])", R"([{"i":1,"v":"b"}])");
-    row(FieldType::StringMap, R"([{"i":1e99,"v":"a"}])", R"([{"i":2147483647,"v":"a"}])");
-    row(FieldType::Integer, "12a", "0");
-    row(FieldType::Integer, "99999999999", "0");
-    row(FieldType::Double, "1,5", "0");
-    row(FieldType::Double, "1234567.0", "1.23457e+06");
-    row(FieldType::Bool, "TRUE", "false");
-    row(FieldType::Bool, "1", "false");
-    row(FieldType::Color, "#80ff0000", "#ff0000");
-    row(FieldType::Color, "#f00", "#ff0000");
-    row(FieldType::Color, "red", "#ff0000");
-    row(FieldType::Color, "no colour", "#000000");
-    row(FieldType::Image, "[]", R"({"isValid":false,"value":""})");
-    row(FieldType::Image, R"({"isValid":1,"value":"a"})", R"({"isValid":false,"value":""})");
-    row(99, "anything", "");
-    row(-1, "anything", "");
-}
-
 void tst_FieldValues::fallbacks()
 {
-    QFETCH(int, type);
-    QFETCH(QString, text);
-    QFETCH(QString, rewritten);
-    QCOMPARE(Utils::fieldValueToString(type, Utils::fieldValueFromString(type, text)), rewritten);
-}
-
-void tst_FieldValues::conversions_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<QVariant>("converted");
-    const auto row = [](const char *name, FieldType type, const QVariant &value, bool ok,
-                        const QVariant &converted) {
-        QTest::addRow("%d %s", int(type), name) << int(type) << value << ok << converted;
-    };
-    row("number", FieldType::String, 5, true, u("5"));
-    row("text", FieldType::StringList, u("a"), true, QStringList{u("a")});
-    row("map", FieldType::StringMap, QVariant::fromValue(StringMap{{1, u("a")}}), true,
-        QVariant::fromValue(StringMap{{1, u("a")}}));
-    row("text", FieldType::StringMap, u("a"), false, u("a"));
-    row("text", FieldType::Integer, u("7"), true, 7);
-    row("no number", FieldType::Integer, u("x"), false, 0);
-    row("text", FieldType::Option, u("7"), true, 7);
-    row("number", FieldType::Double, 7, true, 7.0);
-    row("text", FieldType::Bool, u("true"), true, true);
-    row("name", FieldType::Color, u("red"), true, QColor(Qt::red));
-    row("list", FieldType::Font, QStringList(), false, QFont());
-    row("text", FieldType::Image, u("a.svg"), true, u("a.svg"));
-    row("none", FieldType::Image, QVariant(), true, QVariant());
-    row("list", FieldType::Image, QVariant::fromValue(StringMap()), false, QString());
-    row("anything", FieldType::Tag, 5, true, 5);
-    row("anything", FieldType::Trend, 5, true, 5);
-    row("anything", FieldType::Undefined, 5, false, 5);
-    row("anything", 13, 5, false, 5);
-    row("anything", -1, 5, false, 5);
+    const auto &[text, type, rewritten] = currentRow(fallbackRows);
+    const QVariant value = Utils::fieldValueFromString(type, u(text));
+    QCOMPARE(Utils::fieldValueToString(type, value), u(rewritten));
 }
 
 void tst_FieldValues::conversions()
 {
-    QFETCH(int, type);
-    QFETCH(QVariant, value);
-    QFETCH(bool, ok);
-    QFETCH(QVariant, converted);
-    const Library::FieldInfo info(true, true, false, type, QMetaType::UnknownType);
-    QCOMPARE(info.convertToFieldType(value), ok);
-    if (ok)
-        QCOMPARE(value, converted);
+    const auto &row = currentRow(conversionRows);
+    const Library::FieldInfo info(true, true, false, row.type, QMetaType::UnknownType);
+    QVariant value = row.value;
+    QCOMPARE(info.convertToFieldType(value), row.ok);
+    if (row.ok)
+        QCOMPARE(value, row.converted);
 
     QVariant number = 5;
-    QVERIFY(
-        Library::FieldInfo(false, true, true, type, QMetaType::QString).convertToFieldType(number));
+    const Library::FieldInfo text(false, true, true, row.type, QMetaType::QString);
+    QVERIFY(text.convertToFieldType(number));
     QCOMPARE(number, QVariant(u("5")));
+    const Library::FieldInfo font(false, true, true, row.type, QMetaType::QFont);
     QVariant list = QStringList();
-    QVERIFY(
-        !Library::FieldInfo(false, true, true, type, QMetaType::QFont).convertToFieldType(list));
+    QVERIFY(!font.convertToFieldType(list));
 }
 
 void tst_FieldValues::mapsAreComparable()
@@ -226,25 +222,11 @@ void tst_FieldValues::fonts()
         QCOMPARE(Utils::fieldFontFromString(u(odd)).weight(), int(QFont::Normal));
 }
 
-void tst_FieldValues::checkedFonts_data()
-{
-    QTest::addColumn<bool>("isOk");
-    QTest::newRow(R"({"bold":1,"family":"F","size":12,"style":"italic","underline":1})") << true;
-    QTest::newRow(R"({"bold":true,"family":"F","size":12,"style":"italic","underline":1})")
-        << false;
-    QTest::newRow(R"({"bold":1,"family":1,"size":12,"style":"italic","underline":1})") << false;
-    QTest::newRow(R"({"bold":1,"family":"F","size":"12","style":"italic","underline":1})") << false;
-    QTest::newRow(R"({"bold":1,"family":"F","size":12,"underline":1})") << false;
-    QTest::newRow(R"({"bold":1,"family":"F","size":12,"style":"italic","underline":false})")
-        << false;
-    QTest::newRow("no JSON") << false;
-}
-
 void tst_FieldValues::checkedFonts()
 {
-    QFETCH(bool, isOk);
+    const auto &[text, isOk] = currentRow(fontRows);
     bool ok = !isOk;
-    const QFont font = Utils::fieldFontFromString(u(QTest::currentDataTag()), &ok);
+    const QFont font = Utils::fieldFontFromString(u(text), &ok);
     QCOMPARE(ok, isOk);
     QCOMPARE(font.italic(), isOk);
     QCOMPARE(font.pointSize() == 12 && font.family() == u("F"), isOk);

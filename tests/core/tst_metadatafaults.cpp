@@ -5,7 +5,6 @@
 
 #include <QJsonDocument>
 #include <QSet>
-#include <QTest>
 
 using namespace NARV::INTERNAL;
 
@@ -242,11 +241,11 @@ void tst_MetaDataFaults::faults_data()
         if (row.log)
             log += QString::fromLatin1(row.log);
         if (isInWidget)
-            log += QStringLiteral("An error occurred reading the widget at index 1");
+            log += u("An error occurred reading the widget at index 1");
         QTest::addRow("%d %s", row.code, row.json)
             << row.code << path + QLatin1String(row.path) << json << log;
     };
-    const QString widget = QStringLiteral("MetaData.widgets[1]");
+    const QString widget = u("MetaData.widgets[1]");
     for (const FaultRow &row : libraryRows)
         add(row, {}, row.json, false);
     for (const FaultRow &row : widgetRows)
@@ -269,7 +268,7 @@ void tst_MetaDataFaults::faults()
     QStringList logged;
     for (const LogEntry &entry : takeLog()) {
         QCOMPARE(entry.type, int(QtCriticalMsg));
-        QCOMPARE(entry.category, QStringLiteral("METADATA"));
+        QCOMPARE(entry.category, u("METADATA"));
         const bool isAboutId = entry.message.startsWith(QLatin1String("id "));
         QCOMPARE(entry.source.isEmpty(), isAboutId); // the id is known from then on
         logged += entry.message;
@@ -333,18 +332,18 @@ void tst_MetaDataFaults::allProblems()
     for (const MetaDataProblem &problem : MetaDataChecker::allProblems(metaData))
         paths += problem.path.mid(int(qstrlen("MetaData.")));
     const QStringList expected{
-        QStringLiteral("id"),
-        QStringLiteral("name"),
-        QStringLiteral("author"),
-        QStringLiteral("widgets[0].id"),
-        QStringLiteral("widgets[0].version"),
-        QStringLiteral("widgets[0].fields[0].type"),
-        QStringLiteral("widgets[0].fields[1].defaultValue[0]"),
-        QStringLiteral("widgets[0].fields[1].defaultValue[2]"),
-        QStringLiteral("widgets[0].fields[1].private"),
-        QStringLiteral("widgets[0].fields[0].requirements"), // names g, a list of texts
-        QStringLiteral("widgets[0].fields[0].requirements"), // names h, which is not there
-        QStringLiteral("widgets[1]"),
+        u("id"),
+        u("name"),
+        u("author"),
+        u("widgets[0].id"),
+        u("widgets[0].version"),
+        u("widgets[0].fields[0].type"),
+        u("widgets[0].fields[1].defaultValue[0]"),
+        u("widgets[0].fields[1].defaultValue[2]"),
+        u("widgets[0].fields[1].private"),
+        u("widgets[0].fields[0].requirements"), // names g, a list of texts
+        u("widgets[0].fields[0].requirements"), // names h, which is not there
+        u("widgets[1]"),
     };
     QCOMPARE(paths, expected);
 }

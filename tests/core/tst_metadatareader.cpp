@@ -4,7 +4,6 @@
 
 #include <QColor>
 #include <QJsonDocument>
-#include <QTest>
 
 using namespace NARV::INTERNAL;
 using Library = WidgetLibraryPluginMetaInformation;
@@ -13,12 +12,66 @@ using Text = Library::TranslationStringType;
 using FieldType = Library::FieldType;
 using TagType = Library::TagType;
 
-static QString u(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
 static const QString english = u("en-US");
+
+static const struct
+{
+    const char *name; // of the field, some members
+    QVariant value;
+} defaultRows[] = {
+    {R"("type":"string")", QString()},
+    {R"("type":"STRING","defaultValue":" a ")", u(" a ")},
+    {R"("type":"stringList")", QStringList()},
+    {R"("type":"stringList","defaultValue":["a",""])", QStringList{u("a"), QString()}},
+    {R"("type":"stringMap")", QVariant::fromValue(QMap<int, QString>())},
+    {R"("type":"stringMap","defaultValue":[{"id":2,"value":"b"},{"id":-1,"value":"a"}])",
+     QVariant::fromValue(QMap<int, QString>{{-1, u("a")}, {2, u("b")}})},
+    {R"("type":"integer")", 0},
+    {R"("type":"integer","defaultValue":-7)", -7},
+    {R"("type":"integer","defaultValue":7.9)", 7},
+    {R"("type":"integer","defaultValue":1e10)", 2147483647},
+    {R"("type":"double")", 0.0},
+    {R"("type":"double","defaultValue":7)", 7.0},
+    {R"("type":"bool")", false},
+    {R"("type":"bool","defaultValue":true)", true},
+    {R"("type":"option","defaultValue":5,"options":[{"index":3,"option":""},{"index":5,"option":"é"}])",
+     5},
+    {R"("type":"option","options":[{"index":0,"option":"a"}])", 0},
+    {R"("type":"color")", QColor(Qt::black)},
+    {R"("type":"color","defaultValue":"#80ff0000")", QColor(255, 0, 0, 128)},
+    {R"("type":"color","defaultValue":"none")", QColor()},
+    {R"("type":"image")", QVariant()},
+    {R"("type":"tag")", QVariant()},
+    {R"("type":"trend")", QVariant()},
+};
+
+static const struct
+{
+    const char *name; // the names
+    QVector<TagType> types;
+} tagRows[] = {
+    {"", {}},
+    {R"("bool","arraydouble","bool")", {TagType::Bool, TagType::ArrayDouble, TagType::Bool}},
+    {R"("numeric")", {2, 3, 4, 5, 6, 7, 8, 9, 10, 11}},
+    {R"("signednumeric")", {2, 3, 4, 9, 10, 11}},
+    {R"("unsignednumeric","string")", {5, 6, 7, 8, 12}},
+    {R"("real")", {10, 11}},
+    {R"("arraynumeric")", {14, 15, 16, 17, 18, 19, 20, 21, 22, 23}},
+    {R"("arraysignednumeric")", {14, 15, 16, 21, 22, 23}},
+    {R"("arrayunsignednumeric")", {17, 18, 19, 20}},
+    {R"("arrayreal")", {22, 23}},
+};
+
+static const struct
+{
+    const char *name; // of the field
+    QVariant value;
+    QVariant clamped;
+} boundRows[] = {
+    {"integer", -3, 0},       {"integer", 11, 10},  {"integer", u("7"), 7},
+    {"integer", u("x"), 0},   {"double", -1, -0.5}, {"double", u("1.5"), 1.5},
+    {"double", 1e300, 1e300}, {"option", 99, 99},   {"absent", -3, -3},
+};
 
 //! What the reader makes of metadata without a fault.
 class tst_MetaDataReader : public GuardedTest
@@ -31,15 +84,16 @@ private Q_SLOTS:
     void leavesInfoClearedOnFailure();
     void widgetDefaults();
     void widgetVersionsAndGroups();
-    void defaultValues_data();
+    void defaultValues_data() { addRows(defaultRows); }
     void defaultValues();
     void fieldDetails();
+    void acceptedTagTypes_data() { addRows(tagRows); }
     void acceptedTagTypes();
     void multiLanguageFields();
     void translations();
     void translatableStrings();
     void fieldInfo();
-    void clampsToBounds_data();
+    void clampsToBounds_data() { addRows(boundRows); }
     void clampsToBounds();
 
 private:
@@ -157,47 +211,13 @@ void tst_MetaDataReader::widgetVersionsAndGroups()
     QVERIFY(info.projectWidgetsDefaultGalleryGroupIsUsed());
 }
 
-void tst_MetaDataReader::defaultValues_data()
-{
-    QTest::addColumn<QVariant>("value");
-    const auto row = [](const char *field, const QVariant &value) {
-        QTest::newRow(field) << value;
-    };
-    using Map = QMap<int, QString>;
-    row(R"("type":"string")", QString());
-    row(R"("type":"STRING","defaultValue":" a ")", u(" a "));
-    row(R"("type":"stringList")", QStringList());
-    row(R"("type":"stringList","defaultValue":["a",""])", QStringList{u("a"), QString()});
-    row(R"("type":"stringMap")", QVariant::fromValue(Map()));
-    row(R"("type":"stringMap","defaultValue":[{"id":2,"value":"b"},{"id":-1,"value":"a"}])",
-        QVariant::fromValue(Map{{-1, u("a")}, {2, u("b")}}));
-    row(R"("type":"integer")", 0);
-    row(R"("type":"integer","defaultValue":-7)", -7);
-    row(R"("type":"integer","defaultValue":7.9)", 7);
-    row(R"("type":"integer","defaultValue":1e10)", 2147483647);
-    row(R"("type":"double")", 0.0);
-    row(R"("type":"double","defaultValue":7)", 7.0);
-    row(R"("type":"bool")", false);
-    row(R"("type":"bool","defaultValue":true)", true);
-    row(R"("type":"option","defaultValue":5,"options":[{"index":3,"option":""},{"index":5,"option":"é"}])",
-        5);
-    row(R"("type":"option","options":[{"index":0,"option":"a"}])", 0);
-    row(R"("type":"color")", QColor(Qt::black));
-    row(R"("type":"color","defaultValue":"#80ff0000")", QColor(255, 0, 0, 128));
-    row(R"("type":"color","defaultValue":"none")", QColor());
-    row(R"("type":"image")", QVariant());
-    row(R"("type":"tag")", QVariant());
-    row(R"("type":"trend")", QVariant());
-}
-
 void tst_MetaDataReader::defaultValues()
 {
-    QFETCH(QVariant, value);
-    const QByteArray field =
-        QByteArray(R"({"id":"f","display":"",)") + QTest::currentDataTag() + "}";
+    const auto &row = currentRow(defaultRows);
+    const QByteArray field = QByteArray(R"({"id":"f","display":"",)") + row.name + "}";
     const QVariant read = readWidget(field).fields().value(u("f")).defaultValue();
-    QCOMPARE(read, value);
-    QCOMPARE(read.userType(), value.userType());
+    QCOMPARE(read, row.value);
+    QCOMPARE(read.userType(), row.value.userType());
 }
 
 void tst_MetaDataReader::fieldDetails()
@@ -242,28 +262,9 @@ void tst_MetaDataReader::fieldDetails()
 
 void tst_MetaDataReader::acceptedTagTypes()
 {
-    const struct
-    {
-        const char *names;
-        QVector<TagType> types;
-    } rows[] = {
-        {"", {}},
-        {R"("bool","arraydouble","bool")", {TagType::Bool, TagType::ArrayDouble, TagType::Bool}},
-        {R"("numeric")", {2, 3, 4, 5, 6, 7, 8, 9, 10, 11}},
-        {R"("signednumeric")", {2, 3, 4, 9, 10, 11}},
-        {R"("unsignednumeric","string")", {5, 6, 7, 8, 12}},
-        {R"("real")", {10, 11}},
-        {R"("arraynumeric")", {14, 15, 16, 17, 18, 19, 20, 21, 22, 23}},
-        {R"("arraysignednumeric")", {14, 15, 16, 21, 22, 23}},
-        {R"("arrayunsignednumeric")", {17, 18, 19, 20}},
-        {R"("arrayreal")", {22, 23}},
-    };
-    for (const auto &row : rows) {
-        const QByteArray field = QByteArray(R"({"id":"f","type":"tag","display":"",
-            "tagAcceptedTypes":[)") +
-                                 row.names + "]}";
-        QCOMPARE(readWidget(field).fields().value(u("f")).tagAcceptedTypes(), row.types);
-    }
+    const auto &[names, types] = currentRow(tagRows);
+    const QByteArray field = R"({"id":"f","type":"tag","display":"","tagAcceptedTypes":[)";
+    QCOMPARE(readWidget(field + names + "]}").fields().first().tagAcceptedTypes(), types);
 }
 
 #define LABELS                                                                                       \
@@ -340,53 +341,29 @@ void tst_MetaDataReader::fieldInfo()
                              .fieldInfo();
     QStringList described;
     for (auto it = entries.cbegin(); it != entries.cend(); ++it)
-        described += QStringLiteral("%1 %2%3%4 %5 %6")
-                         .arg(it.key())
-                         .arg(it->setFieldValueIsEnabled())
-                         .arg(it->getFieldValueIsEnabled())
-                         .arg(it->isAdditionalInformation())
-                         .arg(int(it->fieldType()))
-                         .arg(int(it->metaType()));
+        described +=
+            QString::asprintf("%s %d%d%d %d %d", qPrintable(it.key()), it->setFieldValueIsEnabled(),
+                              it->getFieldValueIsEnabled(), it->isAdditionalInformation(),
+                              int(it->fieldType()), int(it->metaType()));
     const QStringList expected{u("l 010 2 0"),       u("l.font 011 2 64"), u("m 010 3 0"),
                                u("m.font 011 3 64"), u("n 110 4 0"),       u("p 110 1 0"),
                                u("s 010 1 0"),       u("s.font 011 1 64")};
     QCOMPARE(described, expected);
 }
 
-void tst_MetaDataReader::clampsToBounds_data()
-{
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QVariant>("clamped");
-    const auto row = [](const char *field, const QVariant &value, const QVariant &clamped) {
-        QTest::addRow("%s %s", field, qPrintable(value.toString())) << u(field) << value << clamped;
-    };
-    row("i", -3, 0);
-    row("i", 11, 10);
-    row("i", u("7"), 7);
-    row("i", u("x"), 0);
-    row("d", -1, -0.5);
-    row("d", u("1.5"), 1.5);
-    row("d", 1e300, 1e300);
-    row("o", 99, 99);
-    row("absent", -3, -3);
-}
-
 void tst_MetaDataReader::clampsToBounds()
 {
-    QFETCH(QString, field);
-    QFETCH(QVariant, value);
-    QFETCH(QVariant, clamped);
+    const auto &[name, value, clamped] = currentRow(boundRows);
     const auto widget = readWidget(R"(
-        {"id":"i","type":"integer","display":"","minimum":0,"maximum":10},
-        {"id":"d","type":"double","display":"","minimum":-0.5},
-        {"id":"o","type":"option","display":"","options":[{"index":0,"option":""}]})");
-    const int type = widget.fields().contains(field) ? int(widget.fields().value(field).type())
-                                                     : int(FieldType::Integer);
-    const QVariant result = Utils::fieldValueCheckBeforeSet(type, value, field, widget);
+        {"id":"integer","type":"integer","display":"","minimum":0,"maximum":10},
+        {"id":"double","type":"double","display":"","minimum":-0.5},
+        {"id":"option","type":"option","display":"","options":[{"index":0,"option":""}]})");
+    const int named = Library::fieldTypeFromString(u(name));
+    const int type = named ? named : int(FieldType::Integer);
+    const QVariant result = Utils::fieldValueCheckBeforeSet(type, value, u(name), widget);
     QCOMPARE(result, clamped);
     QCOMPARE(result.userType(), clamped.userType());
-    QCOMPARE(Utils::fieldValueCheckBeforeSet(type, value, field, {}), value);
+    QCOMPARE(Utils::fieldValueCheckBeforeSet(type, value, u(name), {}), value);
 }
 
 QTEST_MAIN(tst_MetaDataReader)

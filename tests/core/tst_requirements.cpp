@@ -4,9 +4,39 @@
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
-#include <QTest>
 
 using namespace NARV::INTERNAL;
+
+static const struct
+{
+    const char *name;  // the text
+    const char *terms; // empty: malformed
+} termRows[] = {
+    {"visible", "visible"},
+    {"_a1", "_a1"},
+    {"a ", "a"},
+    {"a&&b", "a;b"},
+    {"a && b > 3", "a;b>3"},
+    {"a==true||b == false", "a==true;b==false"},
+    {"a<-1&&b>+2", "a<-1;b>+2"},
+    {"a == 1.50||c", "a==1.50;c"},
+    {"1==1", "1==1"},
+    {"", ""},
+    {" a", ""},
+    {"a  && b", ""},
+    {"a == 1 ", ""},
+    {"a >= 1", ""},
+    {"a != 1", ""},
+    {"a == -1.5", ""},
+    {"a == 1.", ""},
+    {"a == b", ""},
+    {"a == truest", ""},
+    {"a & b", ""},
+    {"a &&", ""},
+    {"(a)", ""},
+    {"a\n", ""},
+    {"a == \xd9\xa1", ""}, // a digit, but not an ASCII one
+};
 
 //! The requirements grammar.
 class tst_Requirements : public GuardedTest
@@ -14,53 +44,16 @@ class tst_Requirements : public GuardedTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void terms_data();
+    void terms_data() { addRows(termRows); }
     void terms();
     void acceptsWhatTheGrammarAccepts();
     void readsLongTextsInOnePass();
 };
 
-void tst_Requirements::terms_data()
-{
-    QTest::addColumn<QString>("terms"); // empty: malformed
-    const struct
-    {
-        const char *text;
-        const char *terms;
-    } rows[] = {
-        {"visible", "visible"},
-        {"_a1", "_a1"},
-        {"a ", "a"},
-        {"a&&b", "a;b"},
-        {"a && b > 3", "a;b>3"},
-        {"a==true||b == false", "a==true;b==false"},
-        {"a<-1&&b>+2", "a<-1;b>+2"},
-        {"a == 1.50||c", "a==1.50;c"},
-        {"1==1", "1==1"},
-        {"", ""},
-        {" a", ""},
-        {"a  && b", ""},
-        {"a == 1 ", ""},
-        {"a >= 1", ""},
-        {"a != 1", ""},
-        {"a == -1.5", ""},
-        {"a == 1.", ""},
-        {"a == b", ""},
-        {"a == truest", ""},
-        {"a & b", ""},
-        {"a &&", ""},
-        {"(a)", ""},
-        {"a\n", ""},
-        {"a == \xd9\xa1", ""}, // a digit, but not an ASCII one
-    };
-    for (const auto &row : rows)
-        QTest::newRow(row.text) << QString::fromUtf8(row.terms);
-}
-
 void tst_Requirements::terms()
 {
-    QFETCH(QString, terms);
-    const QString text = QString::fromUtf8(QTest::currentDataTag());
+    const QString text = u(currentRow(termRows).name);
+    const QString terms = u(currentRow(termRows).terms);
     QVector<RequirementsTerm> found;
     QCOMPARE(readRequirements(text, found), !terms.isEmpty());
     QStringList written;
@@ -77,11 +70,8 @@ void tst_Requirements::acceptsWhatTheGrammarAccepts()
         R"(|true|false){1}){0,1}(?: ){0,1}(?:&&|\|\|){1}(?: ){0,1})*(?:[a-zA-Z\d_]+(?: ){0,1})"
         R"((?:(?:==|<|>){1}(?: ){0,1}(?:[\+-]{0,1}[\d]+|[\d]+\.[\d]+|true|false){1}){0,1}){1}\z)"));
     QVERIFY(grammar.isValid());
-    const QStringList pieces{QStringLiteral("a"),   QStringLiteral("b_2"), QStringLiteral(" "),
-                             QStringLiteral("=="),  QStringLiteral("<"),   QStringLiteral(">"),
-                             QStringLiteral("&&"),  QStringLiteral("||"),  QStringLiteral("7"),
-                             QStringLiteral("-"),   QStringLiteral("+"),   QStringLiteral("."),
-                             QStringLiteral("true")};
+    const QStringList pieces =
+        u("a b_2 == < > && || 7 - + . true").split(QLatin1Char(' ')) + QStringList(u(" "));
     QRandomGenerator random(20261);
     int accepted = 0;
     for (int i = 0; i < 200000; ++i) {

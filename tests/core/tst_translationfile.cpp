@@ -3,14 +3,48 @@
 #include <NARV/INTERNAL/PluginUtils>
 
 #include <QTemporaryDir>
-#include <QTest>
 
 using NARV::INTERNAL::PluginUtils;
 using TranslationStringType = NARV::INTERNAL::PluginMetaInformation::TranslationStringType;
 using Texts = QList<TranslationStringType>;
 
-static const QString english = QStringLiteral("en-US");
-static const QString italian = QStringLiteral("it-IT");
+static const QString english = u("en-US");
+static const QString italian = u("it-IT");
+
+static const struct
+{
+    const char *name;
+    QByteArray content;
+    bool ok;
+    QStringList entries = {};
+} fileRows[] = {
+    {"empty file", "", true},
+    {"header only", "anything, at, all, here", true},
+    {"one row", "h\nOn,lamp,Acceso\n", true, one},
+    {"no final line feed", "h\nOn,lamp,Acceso", true, one},
+    {"carriage returns", "h\r\nOn,lamp,Acceso\r\n", true, one},
+    {"byte order mark", "\xef\xbb\xbfh\nOn,lamp,Acceso\n", true, one},
+    {"blanks stay", "h\n On ,, x \n", true, {u(" On || x ")}},
+    {"quoted commas", "h\n\"a,b\",c,\"d,e\"\n", true, {u("a,b|c|d,e")}},
+    {"doubled quote", "h\n\"a\"\"b\",c,d\n", true, {u("a\"b|c|d")}},
+    {"quotes inside a field", "h\na\"b,c\"d,e,f\n", true, {u("ab,cd|e|f")}},
+    {"empty quoted field", "h\na,\"\",b\n", true, {u("a|\"|b")}},
+    {"open quote", "h\na,b,\"c\n", true, {u("a|b|c")}},
+    {"empty fields", "h\na,,\n", true, {u("a||")}},
+    {"comment makes the difference",
+     "h\nOn,lamp,Acceso\nOn,power,Inserito\n",
+     true,
+     {u("On|lamp|Acceso"), u("On|power|Inserito")}},
+    {"same row twice", "h\nOn,lamp,Acceso\nOn,lamp,Acceso\n", true, one},
+    {"translation filled in later", "h\nOn,lamp,\nOn,lamp,Acceso\n", true, one},
+    {"contradiction", "h\nOn,lamp,Acceso\nOn,lamp,Attivo\n", false},
+    {"two fields", "h\na,b\n", false},
+    {"four fields", "h\na,b,c,d\n", false},
+    {"blank line", "h\na,b,c\n\nd,e,f\n", false},
+    {"carriage return inside", "h\na,\rb,c\n", true, {u("a|\rb|c")}},
+    {"utf-16", QByteArray("\xff\xfeh\0\n\0a\0,\0b\0,\0\xe8\0\n\0", 18), true, {u("a|b|è")}},
+    {"utf-8", "h\nä,€,è\n", true, {u("ä|€|è")}},
+};
 
 //! Importing translation files.
 class tst_TranslationFile : public GuardedTest
@@ -18,7 +52,7 @@ class tst_TranslationFile : public GuardedTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void rows_data();
+    void rows_data() { addRows(fileRows); }
     void rows();
     void merges();
     void keepsListOnFailure();
@@ -36,7 +70,7 @@ private:
 bool tst_TranslationFile::import(const QByteArray &content, Texts &list, const QString &language,
                                  bool addMissing)
 {
-    QFile file(m_dir.filePath(QStringLiteral("texts.csv")));
+    QFile file(m_dir.filePath(u("texts.csv")));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
     file.close();
@@ -59,101 +93,57 @@ static QStringList described(const Texts &list)
     QStringList lines;
     for (const TranslationStringType &text : list)
         lines +=
-            QStringList{text.get(english, false), text.comment(), text.get(italian, false)}.join(
-                QLatin1Char('|'));
+            text.get(english, false) + u("|") + text.comment() + u("|") + text.get(italian, false);
     return lines;
 }
 
-void tst_TranslationFile::rows_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<QStringList>("entries");
-    const auto row = [](const char *name, const QByteArray &content, bool ok,
-                        const QStringList &entries = {}) {
-        QTest::newRow(name) << content << ok << entries;
-    };
-    const QStringList one{QStringLiteral("On|lamp|Acceso")};
-    row("empty file", "", true);
-    row("header only", "anything, at, all, here", true);
-    row("one row", "h\nOn,lamp,Acceso\n", true, one);
-    row("no final line feed", "h\nOn,lamp,Acceso", true, one);
-    row("carriage returns", "h\r\nOn,lamp,Acceso\r\n", true, one);
-    row("byte order mark", "\xef\xbb\xbfh\nOn,lamp,Acceso\n", true, one);
-    row("blanks stay", "h\n On ,, x \n", true, {QStringLiteral(" On || x ")});
-    row("quoted commas", "h\n\"a,b\",c,\"d,e\"\n", true, {QStringLiteral("a,b|c|d,e")});
-    row("doubled quote", "h\n\"a\"\"b\",c,d\n", true, {QStringLiteral("a\"b|c|d")});
-    row("quotes inside a field", "h\na\"b,c\"d,e,f\n", true, {QStringLiteral("ab,cd|e|f")});
-    row("empty quoted field", "h\na,\"\",b\n", true, {QStringLiteral("a|\"|b")});
-    row("open quote", "h\na,b,\"c\n", true, {QStringLiteral("a|b|c")});
-    row("empty fields", "h\na,,\n", true, {QStringLiteral("a||")});
-    row("comment makes the difference", "h\nOn,lamp,Acceso\nOn,power,Inserito\n", true,
-        {QStringLiteral("On|lamp|Acceso"), QStringLiteral("On|power|Inserito")});
-    row("same row twice", "h\nOn,lamp,Acceso\nOn,lamp,Acceso\n", true, one);
-    row("translation filled in later", "h\nOn,lamp,\nOn,lamp,Acceso\n", true, one);
-    row("contradiction", "h\nOn,lamp,Acceso\nOn,lamp,Attivo\n", false);
-    row("two fields", "h\na,b\n", false);
-    row("four fields", "h\na,b,c,d\n", false);
-    row("blank line", "h\na,b,c\n\nd,e,f\n", false);
-    row("carriage return inside", "h\na,\rb,c\n", true, {QStringLiteral("a|\rb|c")});
-    row("utf-16", QByteArray("\xff\xfeh\0\n\0a\0,\0b\0,\0\xe8\0\n\0", 18), true,
-        {QStringLiteral("a|b|è")});
-    row("utf-8", "h\nä,€,è\n", true, {QStringLiteral("ä|€|è")});
-}
-
+static const QStringList one{u("On|lamp|Acceso")};
 void tst_TranslationFile::rows()
 {
-    QFETCH(QByteArray, content);
-    QFETCH(bool, ok);
-    QFETCH(QStringList, entries);
+    const auto &row = currentRow(fileRows);
     Texts list;
-    QCOMPARE(import(content, list), ok);
-    QCOMPARE(described(list), entries);
+    QCOMPARE(import(row.content, list), row.ok);
+    QCOMPARE(described(list), row.entries);
 }
 
 void tst_TranslationFile::merges()
 {
-    Texts list{entry(QStringLiteral("On"), QStringLiteral("lamp"), QString())};
+    Texts list{entry(u("On"), u("lamp"), QString())};
     QVERIFY(import("h\nOff,,Spento\nOn,lamp,Acceso\n", list));
+    QCOMPARE(described(list), (QStringList{u("On|lamp|Acceso"), u("Off||Spento")}));
+    QVERIFY(import("h\nOn,lamp,An\n", list, u("de-DE")));
     QCOMPARE(list.size(), 2);
-    QVERIFY(list[0] ==
-            entry(QStringLiteral("On"), QStringLiteral("lamp"), QStringLiteral("Acceso")));
-    QVERIFY(list[1] == entry(QStringLiteral("Off"), QString(), QStringLiteral("Spento")));
-    QVERIFY(import("h\nOn,lamp,An\n", list, QStringLiteral("de-DE")));
-    QCOMPARE(list.size(), 2);
-    QCOMPARE(list[0].get(QStringLiteral("de-DE"), false), QStringLiteral("An"));
-    QCOMPARE(list[1].get(QStringLiteral("de-DE"), true), QStringLiteral("Off"));
+    QCOMPARE(list[0].get(u("de-DE"), false), u("An"));
+    QCOMPARE(list[1].get(u("de-DE"), true), u("Off"));
 }
 
 void tst_TranslationFile::keepsListOnFailure()
 {
-    const Texts before{entry(QStringLiteral("On"), {}, QString()),
-                       entry(QStringLiteral("Off"), {}, QStringLiteral("Spento"))};
+    const Texts before{entry(u("On"), {}, QString()), entry(u("Off"), {}, u("Spento"))};
     Texts list = before;
     QVERIFY(!import("h\nNew,,Nuovo\nOn,,Acceso\nOff,,Chiuso\n", list));
     QVERIFY(list == before);
-    QVERIFY(!import("h\nOn,,Acceso\n\n", list, QStringLiteral("de-DE")));
+    QVERIFY(!import("h\nOn,,Acceso\n\n", list, u("de-DE")));
     QVERIFY(list == before);
-    QVERIFY(!PluginUtils::importTranslationFile(m_dir.filePath(QStringLiteral("absent")), list,
-                                                english, italian, true));
+    QVERIFY(!PluginUtils::importTranslationFile(m_dir.filePath(u("absent")), list, english, italian,
+                                                true));
     QVERIFY(!PluginUtils::importTranslationFile(m_dir.path(), list, english, italian, true));
     QVERIFY(list == before);
 }
 
 void tst_TranslationFile::ignoresMissing()
 {
-    Texts list{entry(QStringLiteral("On"), {}, QString())};
+    Texts list{entry(u("On"), {}, QString())};
     QVERIFY(import("h\nOn,,Acceso\nOff,,Spento\n", list, italian, false));
-    QCOMPARE(described(list), QStringList{QStringLiteral("On||Acceso")});
+    QCOMPARE(described(list), QStringList{u("On||Acceso")});
 }
 
 // The one case in which a row changes the text by which entries are found.
 void tst_TranslationFile::translatesIntoItsOwnLanguage()
 {
-    Texts list{entry({}, QStringLiteral("c"), {}), entry({}, QStringLiteral("c"), {})};
+    Texts list{entry({}, u("c"), {}), entry({}, u("c"), {})};
     QVERIFY(import("h\n,c,A\n,c,B\n,c,C\nC,c,C\n,c,A\n", list, english));
-    QCOMPARE(described(list), (QStringList{QStringLiteral("A|c|"), QStringLiteral("B|c|"),
-                                           QStringLiteral("A|c|"), QStringLiteral("C|c|")}));
+    QCOMPARE(described(list), (QStringList{u("A|c|"), u("B|c|"), u("A|c|"), u("C|c|")}));
     QVERIFY(!import("h\n,c,D\n,c,E\nA,c,B\n", list, english));
     QCOMPARE(list.size(), 4);
 }

@@ -17,6 +17,7 @@ using Text = PluginMetaInformation::TranslationStringType;
 
 GalleryHost::GalleryHost()
 {
+    insideDevProject = true;
     m_loader.loadFromPluginPath(QStringLiteral(GALLERY_LIBRARY), {});
 }
 
@@ -58,17 +59,17 @@ static QVariant startValue(const GalleryHost::Library::FieldMetaInformation &fie
     return QVariant::fromValue(texts);
 }
 
-NARV::WidgetPrivate *GalleryHost::place(const Library::WidgetMetaInformation &description,
-                                        const QVariantMap &values)
+NARV::WidgetPrivate *GalleryHost::place(const Key &key, const QVariantMap &values)
 {
+    m_description = library().widgets()[key];
     m_scene.clear();
     m_widget.reset(WidgetLibraryPluginPrivateAccessor::priv(gallery(m_loader)->instance())
-                       ->newWidgetInstance(description.id(), description.version().version(),
-                                           library().id(), description.fieldInfo(), this));
+                       ->newWidgetInstance(key.first, key.second, library().id(),
+                                           m_description.fieldInfo(), this));
     if (!m_widget)
         return nullptr;
     NARV::WidgetPrivate *widget = WidgetPrivateAccessor::priv(m_widget.get());
-    for (const auto &field : description.fields()) {
+    for (const auto &field : m_description.fields()) {
         if (field.isMultiLanguage())
             widget->setFieldValue(field.id() + QLatin1String(".font"), field.defaultFont(), true,
                                   false);
@@ -82,13 +83,9 @@ NARV::WidgetPrivate *GalleryHost::place(const Library::WidgetMetaInformation &de
     return widget;
 }
 
-NARV::WidgetPrivate *GalleryHost::place(const char *widgetId, const QVariantMap &values)
+QImage GalleryHost::grab(QSizeF size)
 {
-    return place(library().widgetsLatestVersion()[QLatin1String(widgetId)], values);
-}
-
-QImage GalleryHost::grab(const QSizeF &size)
-{
+    size = size.isValid() ? size : m_description.defaultSize();
     GraphicsObjectPrivateAccessor::priv(m_widget->graphicsObjectsList().first())->resize(size);
     const QRectF area = QRectF(QPointF(), size).adjusted(-margin, -margin, margin, margin);
     QImage image(qCeil(area.width()), qCeil(area.height()), QImage::Format_RGB32);

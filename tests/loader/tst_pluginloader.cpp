@@ -155,10 +155,11 @@ void tst_PluginLoader::loadsAndNotifies()
 
 void tst_PluginLoader::refusesLibraries_data()
 {
-    QTest::addColumn<QString>("reason"); // "*": whatever the toolkit says
+    QTest::addColumn<QString>("reason");
     QTest::newRow("no_plugin") << QStringLiteral("the IID is not specified");
     QTest::newRow("no_iid") << QStringLiteral("the IID is not specified");
     QTest::newRow("foreign_iid") << QStringLiteral("the IID org.example.Other is not valid");
+    QTest::newRow("no_entry") << QStringLiteral("Unknown error"); // the words of the toolkit
     QTest::newRow("no_interface") << QStringLiteral("invalid interface");
     QTest::newRow("no_name") << QStringLiteral("MetaData/name attribute not present");
     QTest::newRow("throwing") << QStringLiteral("the plugin threw an exception: no license");

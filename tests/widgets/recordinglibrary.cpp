@@ -2,16 +2,6 @@
 
 #include <QGraphicsSceneMouseEvent>
 
-RecordingWidget::RecordingWidget(const NARV::WidgetData &data)
-    : Recording(data)
-{
-}
-
-RecordingItem::RecordingItem(const NARV::GraphicsObjectData &data)
-    : Recording(data)
-{
-}
-
 void RecordingItem::hearMouse(const char *what, QGraphicsSceneMouseEvent *event)
 {
     const QString buttons = QStringLiteral(" %1/%2").arg(event->button()).arg(event->buttons());

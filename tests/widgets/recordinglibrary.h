@@ -49,8 +49,7 @@ protected:
     {
         const Hook hook = action; // may delete the receiver
         if (journal)
-            journal->append(name + QLatin1Char(where) +
-                            QVariant::fromValue(event->type()).toString());
+            *journal += name + QLatin1Char(where) + QVariant::fromValue(event->type()).toString();
         hook(event);
     }
 };
@@ -60,7 +59,10 @@ class RecordingWidget : public Recording<NARV::Widget>
     Q_OBJECT
 
 public:
-    Q_INVOKABLE explicit RecordingWidget(const NARV::WidgetData &data);
+    Q_INVOKABLE explicit RecordingWidget(const NARV::WidgetData &data)
+        : Recording(data)
+    {
+    }
     QIcon icon() override { return ownIcon; }
 
     QIcon ownIcon;
@@ -71,7 +73,10 @@ class RecordingItem : public Recording<NARV::GraphicsObject>
     Q_OBJECT
 
 public:
-    Q_INVOKABLE explicit RecordingItem(const NARV::GraphicsObjectData &data);
+    Q_INVOKABLE explicit RecordingItem(const NARV::GraphicsObjectData &data)
+        : Recording(data)
+    {
+    }
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
     using NARV::GraphicsObject::sceneEvent;
 

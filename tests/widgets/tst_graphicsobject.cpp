@@ -8,11 +8,23 @@
 #include <QPainter>
 #include <QSignalSpy>
 #include <QStyleOptionGraphicsItem>
-#include <QTest>
 #include <QTouchEvent>
 
 using NARV::GraphicsObject;
 using NARV::INTERNAL::GraphicsObjectPrivateAccessor;
+
+static const struct
+{
+    const char *name;
+    QSizeF size; // after 100 by 50
+    bool isChange;
+} resizeRows[] = {
+    {"same", {100, 50}, false},
+    {"nearly same", {100 + 1e-11, 50}, false},
+    {"other width", {100.001, 50}, true},
+    {"other height", {100, 51}, true},
+    {"nothing", {0, 0}, true},
+};
 
 class tst_GraphicsObject : public GuardedTest
 {
@@ -20,15 +32,13 @@ class tst_GraphicsObject : public GuardedTest
 
 private Q_SLOTS:
     void defaults();
-    void resize_data();
+    void resize_data() { addRows(resizeRows); }
     void resize();
     void resizeUpdatesTheScene();
     void touchBecomesMouse();
     void acceptedStateFollowsTheMouseEvent();
-    void synthesisedPressIsSwallowed_data();
     void synthesisedPressIsSwallowed();
     void itemDeletedInMouseHandler();
-    void nullObjectPaints_data();
     void nullObjectPaints();
 };
 
@@ -38,9 +48,7 @@ void tst_GraphicsObject::defaults()
     RecordingItem *item = gauge.items[0];
     QCOMPARE(item->size(), QSizeF(-1, -1));
     QVERIFY(item->acceptTouchEvents() && !item->parentItem() && !item->parent());
-    QCOMPARE(item->options(), GraphicsObject::Options());
     item->setOption(GraphicsObject::TouchToMouseEmulation);
-    QCOMPARE(item->options(), GraphicsObject::Options(GraphicsObject::TouchToMouseEmulation));
     item->setOption(GraphicsObject::TouchToMouseEmulation, false);
     QCOMPARE(item->options(), GraphicsObject::Options());
     item->setAcceptTouchAndMouseEvents(false);
@@ -52,21 +60,9 @@ void tst_GraphicsObject::defaults()
     QCOMPARE(item->data(0), QVariant(5));
 }
 
-void tst_GraphicsObject::resize_data()
-{
-    QTest::addColumn<QSizeF>("size"); // after 100 by 50
-    QTest::addColumn<bool>("isChange");
-    QTest::newRow("same") << QSizeF(100, 50) << false;
-    QTest::newRow("nearly same") << QSizeF(100 + 1e-11, 50) << false;
-    QTest::newRow("other width") << QSizeF(100.001, 50) << true;
-    QTest::newRow("other height") << QSizeF(100, 51) << true;
-    QTest::newRow("nothing") << QSizeF(0, 0) << true;
-}
-
 void tst_GraphicsObject::resize()
 {
-    QFETCH(QSizeF, size);
-    QFETCH(bool, isChange);
+    const auto &[name, size, isChange] = currentRow(resizeRows);
     GaugeFixture gauge(1);
     QList<QSizeF> sizes;
     gauge.items[0]->onHandler = [&](NARV::Event *event) {
@@ -77,7 +73,7 @@ void tst_GraphicsObject::resize()
     const QSizeF before(100, 50);
     priv->resize(before);
     QCOMPARE(sizes, (QList<QSizeF>{QSizeF(-1, -1), before, before}));
-    QCOMPARE(gauge.heard(), QStringLiteral("1?Resize 1!Resize"));
+    QCOMPARE(gauge.heard(), u("1?Resize 1!Resize"));
     sizes.clear();
     priv->resize(size);
     QCOMPARE(sizes, isChange ? (QList<QSizeF>{before, size, size}) : QList<QSizeF>());
@@ -138,10 +134,10 @@ void tst_GraphicsObject::touchBecomesMouse()
     QVERIFY(send(item, touch(QEvent::TouchUpdate, 2)));
     QVERIFY(send(item, touch(QEvent::TouchEnd, 3)));
     QCOMPARE(priv->touchPointId, -1);
-    QCOMPARE(item->mouse,
-             (QStringList{QStringLiteral("press 1/1 1,2 0,2 101,0 100,0 202,0 201,0"),
-                          QStringLiteral("move 0/1 2,2 1,2 102,0 101,0 203,0 202,0"),
-                          QStringLiteral("release 1/0 3,2 2,2 103,0 102,0 204,0 203,0")}));
+    const QStringList expected{u("press 1/1 1,2 0,2 101,0 100,0 202,0 201,0"),
+                               u("move 0/1 2,2 1,2 102,0 101,0 203,0 202,0"),
+                               u("release 1/0 3,2 2,2 103,0 102,0 204,0 203,0")};
+    QCOMPARE(item->mouse, expected);
 }
 
 void tst_GraphicsObject::acceptedStateFollowsTheMouseEvent()
@@ -159,32 +155,24 @@ void tst_GraphicsObject::acceptedStateFollowsTheMouseEvent()
     }
 }
 
-void tst_GraphicsObject::synthesisedPressIsSwallowed_data()
-{
-    QTest::addColumn<bool>("touching");
-    QTest::addColumn<bool>("spontaneous");
-    QTest::newRow("system, touching") << true << true;
-    QTest::newRow("system, not touching") << false << true;
-    QTest::newRow("program, touching") << true << false;
-}
-
+// The system's own press beside a touch. One that the program sends, or without a touch, is real.
 void tst_GraphicsObject::synthesisedPressIsSwallowed()
 {
-    QFETCH(bool, touching);
-    QFETCH(bool, spontaneous);
-    GaugeFixture gauge(1);
-    RecordingItem *item = gauge.items[0];
-    item->setOption(GraphicsObject::TouchToMouseEmulation);
-    if (touching)
-        send(item, touch(QEvent::TouchBegin, 1));
-    item->mouse.clear();
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    if (spontaneous)
-        QSpontaneKeyEvent::setSpontaneous(&press);
-    QVERIFY(item->sceneEvent(&press));
-    const bool swallowed = touching && spontaneous;
-    QCOMPARE(item->mouse.isEmpty(), swallowed);
-    QCOMPARE(press.isAccepted(), !swallowed);
+    for (const auto &[touching, spontaneous] :
+         {std::pair(true, true), {false, true}, {true, false}}) {
+        GaugeFixture gauge(1);
+        RecordingItem *item = gauge.items[0];
+        item->setOption(GraphicsObject::TouchToMouseEmulation);
+        if (touching)
+            send(item, touch(QEvent::TouchBegin, 1));
+        item->mouse.clear();
+        QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+        if (spontaneous)
+            QSpontaneKeyEvent::setSpontaneous(&press);
+        QVERIFY(item->sceneEvent(&press));
+        QCOMPARE(item->mouse.isEmpty(), touching && spontaneous);
+        QCOMPARE(press.isAccepted(), !(touching && spontaneous));
+    }
 }
 
 void tst_GraphicsObject::itemDeletedInMouseHandler()
@@ -196,42 +184,31 @@ void tst_GraphicsObject::itemDeletedInMouseHandler()
     QVERIFY(!gauge.items[0] && gauge.widget->graphicsObjectsList().isEmpty());
 }
 
-void tst_GraphicsObject::nullObjectPaints_data()
-{
-    QTest::addColumn<bool>("insideEditor");
-    QTest::addColumn<bool>("hasIcon");
-    QTest::addColumn<bool>("paints");
-    QTest::newRow("editor") << true << true << true;
-    QTest::newRow("editor, no icon") << true << false << false;
-    QTest::newRow("panel") << false << true << false;
-}
-
+// The small icon is stretched over the item, as far as that is exposed, but only in the editor.
 void tst_GraphicsObject::nullObjectPaints()
 {
-    QFETCH(bool, insideEditor);
-    QFETCH(bool, hasIcon);
-    QFETCH(bool, paints);
-    GaugeFixture gauge;
-    gauge.priv()->graphicsObjectMetaObject = &NARV::NullGraphicsObject::staticMetaObject;
-    gauge.host.insideProjectEditor = insideEditor;
     QPixmap red(4, 4);
     red.fill(Qt::red);
-    if (hasIcon)
-        gauge.widget->ownIcon = QIcon(red);
-    const QScopedPointer<GraphicsObject> item(gauge.priv()->newGraphicsObjectInstance());
-    GraphicsObjectPrivateAccessor::priv(item.data())->resize(QSizeF(20, 10));
+    for (const auto &[insideEditor, hasIcon] :
+         {std::pair(true, true), {true, false}, {false, true}}) {
+        GaugeFixture gauge;
+        gauge.priv()->graphicsObjectMetaObject = &NARV::NullGraphicsObject::staticMetaObject;
+        gauge.host.insideProjectEditor = insideEditor;
+        gauge.widget->ownIcon = hasIcon ? QIcon(red) : QIcon();
+        const QScopedPointer<GraphicsObject> item(gauge.priv()->newGraphicsObjectInstance());
+        GraphicsObjectPrivateAccessor::priv(item.data())->resize(QSizeF(20, 10));
 
-    QImage image(30, 30, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    QStyleOptionGraphicsItem option;
-    option.exposedRect = QRectF(0, 0, 15, 10);
-    item->paint(&painter, &option, nullptr);
-    painter.end();
-    // The small icon is stretched over the item, as far as that is exposed.
-    QCOMPARE(image.pixelColor(14, 9), paints ? QColor(Qt::red) : QColor(Qt::white));
-    QCOMPARE(image.pixelColor(17, 5), QColor(Qt::white));
-    QCOMPARE(image.pixelColor(5, 12), QColor(Qt::white));
+        QImage image(30, 30, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QStyleOptionGraphicsItem option;
+        option.exposedRect = QRectF(0, 0, 15, 10);
+        item->paint(&painter, &option, nullptr);
+        painter.end();
+        QCOMPARE(image.pixelColor(14, 9), QColor(insideEditor && hasIcon ? Qt::red : Qt::white));
+        QCOMPARE(image.pixelColor(17, 5), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(5, 12), QColor(Qt::white));
+    }
 }
 
 QTEST_MAIN(tst_GraphicsObject)

@@ -3,26 +3,13 @@
 
 #include <NARV/NullGraphicsObject>
 
-#include <QTest>
-
 using NARV::WidgetData;
 using NARV::INTERNAL::ConstructorMatch;
 
-static const QString gauge = QStringLiteral("gauge");
-static const QString version = QStringLiteral("1.0.0");
+static const QString gauge = u("gauge");
+static const QString version = u("1.0.0");
 
 // Each cannot be made for another reason.
-class NoInvokable : public NARV::Widget
-{
-    Q_OBJECT
-
-public:
-    explicit NoInvokable(const WidgetData &data)
-        : Widget(data)
-    {
-    }
-};
-
 class Unqualified : public NARV::Widget
 {
     Q_OBJECT
@@ -55,17 +42,28 @@ public:
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
 };
 
-Q_DECLARE_METATYPE(const QMetaObject *)
+static const struct
+{
+    const char *name;
+    const QMetaObject *widget;
+    const QMetaObject *item;
+    bool widgetIsMade;
+} misfitRows[] = {
+    {"no widget class", nullptr, &RecordingItem::staticMetaObject, false},
+    {"no widget", &NoWidget::staticMetaObject, &RecordingItem::staticMetaObject, false},
+    {"unqualified", &Unqualified::staticMetaObject, &RecordingItem::staticMetaObject, false},
+    {"base itself", &NARV::Widget::staticMetaObject, &RecordingItem::staticMetaObject, false},
+    {"no item class", &RecordingWidget::staticMetaObject, nullptr, true},
+    {"no item", &RecordingWidget::staticMetaObject, &RecordingWidget::staticMetaObject, true},
+};
 
 class tst_Registration : public GuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void newInstance();
-    void lookup_data();
-    void lookup();
-    void misfits_data();
+    void managerGoesWithWidget();
+    void misfits_data() { addRows(misfitRows); }
     void misfits();
     void signatures();
     void strayItemIsForgotten();
@@ -74,69 +72,22 @@ private Q_SLOTS:
     void pluginInterface();
 };
 
-void tst_Registration::newInstance()
+void tst_Registration::managerGoesWithWidget()
 {
     GaugeFixture fixture;
-    const NARV::WidgetPrivate *priv = fixture.priv();
-    QCOMPARE(priv->pluginId, QStringLiteral("lib"));
-    QCOMPARE(priv->fieldsInfo.keys(), RecordingLibrary::fields().keys());
-    QVERIFY(!priv->initialised && priv->fieldValues.isEmpty() && priv->graphicsObjects.isEmpty());
-    const QPointer<NARV::WidgetActionManager> manager = priv->widgetActionManager;
+    const QPointer<NARV::WidgetActionManager> manager = fixture.priv()->widgetActionManager;
     QVERIFY(manager && !fixture.widget->parent() && fixture.widget->children().isEmpty());
     delete fixture.widget;
     QVERIFY(!manager);
 }
 
-void tst_Registration::lookup_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("found");
-    const QString id = QStringLiteral("short");
-    QTest::newRow("exact") << id << QStringLiteral("1.0") << true;
-    QTest::newRow("versions are texts") << id << QStringLiteral("1.0.0") << false;
-    QTest::newRow("case") << QStringLiteral("Short") << QStringLiteral("1.0") << false;
-}
-
-void tst_Registration::lookup()
-{
-    QFETCH(QString, id);
-    QFETCH(QString, text);
-    RecordingLibrary library;
-    NARV::registerProjectWidget<RecordingWidget>(&library, QStringLiteral("short"),
-                                                 QStringLiteral("1.0"));
-    const QScopedPointer<NARV::Widget> widget(
-        library.priv()->newWidgetInstance(id, text, {}, {}, nullptr));
-    QTEST(!widget.isNull(), "found");
-    QVERIFY(!widget || widget->version().isEmpty());
-}
-
-void tst_Registration::misfits_data()
-{
-    QTest::addColumn<const QMetaObject *>("widget");
-    QTest::addColumn<const QMetaObject *>("item");
-    QTest::addColumn<bool>("widgetIsMade");
-    const QMetaObject *none = nullptr;
-    const QMetaObject *item = &RecordingItem::staticMetaObject;
-    const QMetaObject *widget = &RecordingWidget::staticMetaObject;
-    QTest::newRow("no widget class") << none << item << false;
-    QTest::newRow("no widget") << &NoWidget::staticMetaObject << item << false;
-    QTest::newRow("item for widget") << item << item << false;
-    QTest::newRow("not invokable") << &NoInvokable::staticMetaObject << item << false;
-    QTest::newRow("unqualified") << &Unqualified::staticMetaObject << item << false;
-    QTest::newRow("base itself") << &NARV::Widget::staticMetaObject << item << false;
-    QTest::newRow("no item class") << widget << none << true;
-    QTest::newRow("widget for item") << widget << widget << true;
-}
-
 void tst_Registration::misfits()
 {
-    QFETCH(const QMetaObject *, widget);
-    QFETCH(const QMetaObject *, item);
+    const auto &row = currentRow(misfitRows);
     RecordingLibrary library;
-    NARV::registerWidget(&library, gauge, version, widget, item);
+    NARV::registerWidget(&library, gauge, version, row.widget, row.item);
     const QScopedPointer<RecordingWidget> made(library.newGauge(nullptr));
-    QTEST(!made.isNull(), "widgetIsMade");
+    QCOMPARE(!made.isNull(), row.widgetIsMade);
     if (made) {
         auto *priv = NARV::INTERNAL::WidgetPrivateAccessor::priv(made.data());
         QCOMPARE(priv->newGraphicsObjectInstance(), nullptr);
@@ -173,21 +124,22 @@ void tst_Registration::projectWidget()
     QVERIFY(qobject_cast<NARV::NullGraphicsObject *>(item.data()));
 }
 
-// The last registration of a widget counts; ids and versions are ordered as texts.
+// The last registration of a widget counts; ids and versions are compared as texts.
 void tst_Registration::table()
 {
     RecordingLibrary library;
-    const QString other = QStringLiteral("0.10.0");
-    NARV::registerProjectWidget<NoInvokable>(&library, gauge, version);
-    NARV::registerWidget<RecordingWidget, RecordingItem>(&library, gauge, other);
-    const auto &registrations = library.priv()->registrations();
+    const QString other = u("0.10");
+    NARV::registerProjectWidget<Unqualified>(&library, gauge, version);
+    NARV::registerProjectWidget<RecordingWidget>(&library, gauge, other);
     const QList<QPair<QString, QString>> keys{{gauge, other}, {gauge, version}};
-    QCOMPARE(registrations.keys(), keys);
-    QVERIFY(registrations.first().widgetConstructor.isValid());
-    QCOMPARE(registrations.first().widgetMetaObject, &RecordingWidget::staticMetaObject);
-    QCOMPARE(registrations.first().graphicsObjectMetaObject, &RecordingItem::staticMetaObject);
-    QVERIFY(!registrations.last().widgetConstructor.isValid());
+    QCOMPARE(library.priv()->registrations().keys(), keys);
     QCOMPARE(library.newGauge(nullptr), nullptr);
+    const auto make = [&](const char *id, const char *text) {
+        return std::unique_ptr<NARV::Widget>(
+            library.priv()->newWidgetInstance(u(id), u(text), {}, {}, nullptr));
+    };
+    QVERIFY(!make("Gauge", "0.10") && !make("gauge", "0.10.0"));
+    QVERIFY(make("gauge", "0.10")->version().isEmpty());
 }
 
 void tst_Registration::pluginInterface()

@@ -1,34 +1,83 @@
 #include "guardedtest.h"
 #include "recordinglibrary.h"
 
+#include <NARV/INTERNAL/WidgetActionManagerPrivateAccessor>
+
 #include <QGraphicsScene>
 #include <QSignalSpy>
-#include <QTest>
 
 using NARV::INTERNAL::GraphicsObjectPrivateAccessor;
-using Action = std::function<void(GaugeFixture &)>;
-Q_DECLARE_METATYPE(Action)
 
-static const QString level = QStringLiteral("level");
-static const QString secret = QStringLiteral("secret");
-static const QString none = QStringLiteral("none");
+static const QString level = u("level");
+static const QString secret = u("secret");
+static const QString none = u("none");
+
+static const struct
+{
+    const char *name;
+    void (*act)(GaugeFixture &);
+} eventRows[] = {
+    {"InitEvent", [](GaugeFixture &gauge) { gauge.priv()->init(); }},
+    {"DeinitEvent",
+     [](GaugeFixture &gauge) {
+         gauge.priv()->init();
+         gauge.journal.clear();
+         gauge.priv()->deinit();
+     }},
+    {"FieldIsChanged", [](GaugeFixture &gauge) { gauge.items[1]->setFieldValue(level, 1); }},
+    {"AlarmStatusIsChanged",
+     [](GaugeFixture &gauge) { gauge.priv()->alarmEvent(NARV::AlarmInfo()); }},
+};
+
+static const struct
+{
+    const char *name;
+    QString field;
+    QVariant value;
+    bool isInternal;
+    QVariant stored; // before: 7
+    int signalCount;
+    int eventCount;
+} writeRows[] = {
+    {"plugin", level, 8, false, 8, 1, 1},         {"plugin, equal", level, 7, false, 7, 1, 0},
+    {"converted", level, u("8"), false, 8, 1, 1}, {"unconvertible", level, u("x"), false, 7, 0, 0},
+    {"forbidden", secret, 8, false, 7, 0, 0},     {"host", level, 8, true, 8, 0, 1},
+    {"host, equal", level, 7, true, 7, 0, 0},     {"host, forbidden", secret, 8, true, 8, 0, 1},
+    {"host, unknown", none, 8, true, {}, 0, 0},
+};
+
+// The second of three items deletes some. Afterwards each item that is still there has heard the
+// event once, those gone before their turn have not.
+static const struct
+{
+    const char *name;
+    bool isInHandler; // else in narvEvent()
+    QVector<int> victims;
+    const char *heard;
+} intrusionRows[] = {
+    {"earlier", true, {0}, "w? w! 1? 1! 2? 2! 3? 3!"},
+    {"later", true, {2}, "w? w! 1? 1! 2? 2!"},
+    {"itself", true, {1}, "w? w! 1? 1! 2? 2! 3? 3!"},
+    {"itself at once", false, {1}, "w? w! 1? 1! 2? 3? 3!"},
+    {"all at once", false, {0, 2, 1}, "w? w! 1? 1! 2?"},
+};
 
 class tst_Widget : public GuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void identity();
-    void eventOrder_data();
+    void graphicsObjectsList();
+    void eventOrder_data() { addRows(eventRows); }
     void eventOrder();
     void initAndDeinitAreIdempotent();
-    void writes_data();
+    void writes_data() { addRows(writeRows); }
     void writes();
     void reads();
     void failuresAreLoggedInsideTheTestBenchOnly();
     void changes();
     void writeOfTheSameValueIsNoChange();
-    void intrusiveHandlers_data();
+    void intrusiveHandlers_data() { addRows(intrusionRows); }
     void intrusiveHandlers();
     void itemMadeInHandlerIsNotServed();
     void stateChangedInHandler();
@@ -36,52 +85,31 @@ private Q_SLOTS:
     void itemOutlivesWidget();
     void eventWhileItemIsDestroyed();
     void roles();
+    void asksTheHost();
+    void managesWithoutHost();
 };
 
-void tst_Widget::identity()
+void tst_Widget::graphicsObjectsList()
 {
     GaugeFixture gauge(3);
-    QCOMPARE(gauge.widget->id(), QStringLiteral("gauge"));
-    QCOMPARE(gauge.widget->version(), QStringLiteral("1.0.0"));
-    QCOMPARE(gauge.widget->versionMajor(), 1u);
-    QCOMPARE(gauge.items[0]->id(), QStringLiteral("gauge"));
-    QCOMPARE(gauge.items[0]->version(), QStringLiteral("1.0.0"));
+    QCOMPARE(gauge.items[0]->id(), u("gauge"));
+    QCOMPARE(gauge.items[0]->version(), u("1.0.0"));
     QCOMPARE(gauge.items[0]->widget(), gauge.widget);
-    QCOMPARE(&gauge.items[0]->widgetActionManager(), &gauge.widget->widgetActionManager());
     delete gauge.items[1];
     const QList<NARV::GraphicsObject *> left{gauge.items[0], gauge.items[2]};
     QCOMPARE(gauge.widget->graphicsObjectsList(), left);
 }
 
-void tst_Widget::eventOrder_data()
-{
-    QTest::addColumn<Action>("act");
-    QTest::addColumn<QByteArray>("type");
-    const auto row = [](const char *type, const Action &act) {
-        QTest::newRow(type) << act << QByteArray(type);
-    };
-    row("InitEvent", [](GaugeFixture &gauge) { gauge.priv()->init(); });
-    row("DeinitEvent", [](GaugeFixture &gauge) {
-        gauge.priv()->init();
-        gauge.journal.clear();
-        gauge.priv()->deinit();
-    });
-    row("FieldIsChanged", [](GaugeFixture &gauge) { gauge.items[1]->setFieldValue(level, 1); });
-    row("AlarmStatusIsChanged",
-        [](GaugeFixture &gauge) { gauge.priv()->alarmEvent(NARV::AlarmInfo()); });
-}
-
 void tst_Widget::eventOrder()
 {
-    QFETCH(Action, act);
-    QFETCH(QByteArray, type);
+    const auto &[type, act] = currentRow(eventRows);
     GaugeFixture gauge(2);
     act(gauge);
-    QCOMPARE(gauge.heard(type), QStringLiteral("w? w! 1? 1! 2? 2!"));
+    QCOMPARE(gauge.heard(type), u("w? w! 1? 1! 2? 2!"));
     GaugeFixture consuming(2);
     consuming.widget->consumes = consuming.items[1]->consumes = true;
     act(consuming);
-    QCOMPARE(consuming.heard(type), QStringLiteral("w? 1? 1! 2?"));
+    QCOMPARE(consuming.heard(type), u("w? 1? 1! 2?"));
 }
 
 void tst_Widget::initAndDeinitAreIdempotent()
@@ -90,52 +118,30 @@ void tst_Widget::initAndDeinitAreIdempotent()
     gauge.priv()->deinit();
     gauge.priv()->init();
     gauge.priv()->init();
-    QCOMPARE(gauge.heard("InitEvent"), QStringLiteral("w? w! 1? 1!"));
+    QCOMPARE(gauge.heard("InitEvent"), u("w? w! 1? 1!"));
     GraphicsObjectPrivateAccessor::priv(gauge.addItem())->init();
-    QCOMPARE(gauge.heard("InitEvent"), QStringLiteral("2? 2!"));
+    QCOMPARE(gauge.heard("InitEvent"), u("2? 2!"));
     gauge.priv()->deinit();
     gauge.priv()->deinit();
-    QCOMPARE(gauge.heard("DeinitEvent"), QStringLiteral("w? w! 1? 1! 2? 2!"));
-}
-
-void tst_Widget::writes_data()
-{
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("internal");
-    QTest::addColumn<QVariant>("stored"); // before: 7
-    QTest::addColumn<int>("signalCount");
-    QTest::addColumn<int>("eventCount");
-    const QVariant seven(7), eight(8), text(QStringLiteral("8")), word(QStringLiteral("x"));
-    QTest::newRow("plugin") << level << eight << false << eight << 1 << 1;
-    QTest::newRow("plugin, equal") << level << seven << false << seven << 1 << 0;
-    QTest::newRow("converted") << level << text << false << eight << 1 << 1;
-    QTest::newRow("unconvertible") << level << word << false << seven << 0 << 0;
-    QTest::newRow("forbidden") << secret << eight << false << seven << 0 << 0;
-    QTest::newRow("host") << level << eight << true << eight << 0 << 1;
-    QTest::newRow("host, equal") << level << seven << true << seven << 0 << 0;
-    QTest::newRow("host, forbidden") << secret << eight << true << eight << 0 << 1;
-    QTest::newRow("host, unknown") << none << eight << true << QVariant() << 0 << 0;
+    QCOMPARE(gauge.heard("DeinitEvent"), u("w? w! 1? 1! 2? 2!"));
 }
 
 void tst_Widget::writes()
 {
-    QFETCH(QString, field);
-    QFETCH(QVariant, value);
-    QFETCH(bool, internal);
-    QFETCH(QVariant, stored);
+    const auto &row = currentRow(writeRows);
     GaugeFixture gauge;
     gauge.priv()->setFieldValue(level, 7, true, false);
     gauge.priv()->setFieldValue(secret, 7, true, false);
     QCOMPARE(gauge.heard(), QString());
     QSignalSpy spy(gauge.priv(), &NARV::WidgetPrivate::fieldIsChanged);
-    gauge.priv()->setFieldValue(field, value, internal, true);
-    QCOMPARE(gauge.priv()->getFieldValue(field, true), stored);
-    QCOMPARE(gauge.priv()->getFieldValue(field, true).userType(), stored.userType());
-    QTEST(spy.count(), "signalCount");
-    QTEST(gauge.heard().count(QLatin1Char('!')), "eventCount");
+    gauge.priv()->setFieldValue(row.field, row.value, row.isInternal, true);
+    const QVariant stored = gauge.priv()->getFieldValue(row.field, true);
+    QCOMPARE(stored, row.stored);
+    QCOMPARE(stored.userType(), row.stored.userType());
+    QCOMPARE(spy.count(), row.signalCount);
+    QCOMPARE(gauge.heard().count(QLatin1Char('!')), row.eventCount);
     if (!spy.isEmpty())
-        QCOMPARE(spy.first(), (QVariantList{field, stored}));
+        QCOMPARE(spy.first(), (QVariantList{row.field, row.stored}));
 }
 
 void tst_Widget::reads()
@@ -161,7 +167,7 @@ void tst_Widget::failuresAreLoggedInsideTheTestBenchOnly()
         gauge.widget->getFieldValue(secret);
         gauge.widget->setFieldValue(none, 1);
         gauge.widget->setFieldValue(secret, 1);
-        gauge.widget->setFieldValue(level, QStringLiteral("x"));
+        gauge.widget->setFieldValue(level, u("x"));
     }
     const char *wrongValue = "setFieldValue called with wrong value for the field  \"level\" "
                              ": value is  QVariant(QString, \"x\")";
@@ -170,8 +176,7 @@ void tst_Widget::failuresAreLoggedInsideTheTestBenchOnly()
                              "getFieldValue can not be used for the field \"secret\"",
                              "setFieldValue called with an invalid fieldId: \"none\"",
                              "setFieldValue can not be used for the field \"secret\"", wrongValue})
-        expected.append(
-            {QtWarningMsg, QStringLiteral("lib"), QStringLiteral("NARV"), QLatin1String(text)});
+        expected.append({QtWarningMsg, u("lib"), u("NARV"), u(text)});
     QCOMPARE(takeLog(), expected);
 }
 
@@ -195,42 +200,25 @@ void tst_Widget::writeOfTheSameValueIsNoChange()
 {
     GaugeFixture gauge;
     for (int i = 0; i < 2; ++i) {
-        const QMap<int, QString> texts{{1, QStringLiteral("a")}};
-        gauge.widget->setFieldValue(QStringLiteral("ratio"), qQNaN());
-        gauge.widget->setFieldValue(QStringLiteral("texts"), QVariant::fromValue(texts));
+        const QMap<int, QString> texts{{1, u("a")}};
+        gauge.widget->setFieldValue(u("ratio"), qQNaN());
+        gauge.widget->setFieldValue(u("texts"), QVariant::fromValue(texts));
     }
-    QCOMPARE(gauge.heard("FieldIsChanged"), QStringLiteral("w? w! w? w!"));
-}
-
-// The second of three items deletes some. Afterwards each item that is still there has heard the
-// event once, those gone before their turn have not.
-void tst_Widget::intrusiveHandlers_data()
-{
-    QTest::addColumn<bool>("inHandler"); // else in narvEvent()
-    QTest::addColumn<QVector<int>>("victims");
-    QTest::addColumn<QString>("heard");
-    const QString upTo2 = QStringLiteral("w? w! 1? 1! 2? ");
-    QTest::newRow("earlier") << true << QVector<int>{0} << upTo2 + QStringLiteral("2! 3? 3!");
-    QTest::newRow("later") << true << QVector<int>{2} << upTo2 + QStringLiteral("2!");
-    QTest::newRow("itself") << true << QVector<int>{1} << upTo2 + QStringLiteral("2! 3? 3!");
-    QTest::newRow("itself at once") << false << QVector<int>{1} << upTo2 + QStringLiteral("3? 3!");
-    QTest::newRow("all at once") << false << QVector<int>{0, 2, 1} << upTo2.trimmed();
+    QCOMPARE(gauge.heard("FieldIsChanged"), u("w? w! w? w!"));
 }
 
 void tst_Widget::intrusiveHandlers()
 {
-    QFETCH(bool, inHandler);
-    QFETCH(QVector<int>, victims);
+    const auto &row = currentRow(intrusionRows);
     GaugeFixture gauge(3);
     RecordingItem *second = gauge.items[1];
-    RecordingItem::Hook *const hooks[] = {&second->onEvent, &second->onHandler};
-    *hooks[inHandler] = [&](NARV::Event *) {
-        for (const int victim : qAsConst(victims))
+    (row.isInHandler ? second->onHandler : second->onEvent) = [&](NARV::Event *) {
+        for (const int victim : row.victims)
             delete gauge.items[victim];
     };
     gauge.priv()->alarmEvent(NARV::AlarmInfo());
-    QTEST(gauge.heard("AlarmStatusIsChanged"), "heard");
-    QCOMPARE(gauge.widget->graphicsObjectsList().size(), 3 - victims.size());
+    QCOMPARE(gauge.heard("AlarmStatusIsChanged"), u(row.heard));
+    QCOMPARE(gauge.widget->graphicsObjectsList().size(), 3 - row.victims.size());
 }
 
 void tst_Widget::itemMadeInHandlerIsNotServed()
@@ -238,7 +226,7 @@ void tst_Widget::itemMadeInHandlerIsNotServed()
     GaugeFixture gauge(1);
     gauge.widget->onHandler = [&gauge](NARV::Event *) { gauge.addItem(); };
     gauge.priv()->init();
-    QCOMPARE(gauge.heard("InitEvent"), QStringLiteral("w? w! 1? 1!"));
+    QCOMPARE(gauge.heard("InitEvent"), u("w? w! 1? 1!"));
     QCOMPARE(gauge.widget->graphicsObjectsList().size(), 2);
 }
 
@@ -247,7 +235,7 @@ void tst_Widget::stateChangedInHandler()
     GaugeFixture gauge(2);
     gauge.items[0]->onEvent = [&gauge](NARV::Event *) { gauge.priv()->deinit(); };
     gauge.priv()->init();
-    QCOMPARE(gauge.heard("nitEvent"), QStringLiteral("w?I w!I 1?I w?Dei w!Dei 1?Dei 1!Dei 1!I"));
+    QCOMPARE(gauge.heard("nitEvent"), u("w?I w!I 1?I w?Dei w!Dei 1?Dei 1!Dei 1!I"));
     QVERIFY(!GraphicsObjectPrivateAccessor::priv(gauge.items[1])->initialised);
 }
 
@@ -261,7 +249,7 @@ void tst_Widget::widgetDeletedInHandler()
         else
             gauge.widget->onEvent = [kill](NARV::Event *) { kill(); };
         gauge.priv()->setFieldValue(level, 1, false, true);
-        QCOMPARE(gauge.heard("FieldIsChanged"), inSignal ? QString() : QStringLiteral("w?"));
+        QCOMPARE(gauge.heard("FieldIsChanged"), inSignal ? QString() : u("w?"));
     }
 }
 
@@ -291,7 +279,7 @@ void tst_Widget::eventWhileItemIsDestroyed()
     connect(&scene, &QGraphicsScene::selectionChanged,
             [&gauge] { gauge.widget->setFieldValue(level, 1); });
     delete gauge.items[0];
-    QCOMPARE(gauge.heard("FieldIsChanged"), QStringLiteral("w? w! 2? 2!"));
+    QCOMPARE(gauge.heard("FieldIsChanged"), u("w? w! 2? 2!"));
 }
 
 void tst_Widget::roles()
@@ -305,6 +293,47 @@ void tst_Widget::roles()
     QCOMPARE(gauge.items[0]->data(&icon).value<QIcon>().cacheKey(), key);
     QVERIFY(!gauge.widget->data(&other).isValid() && !gauge.items[0]->data(&other).isValid());
     QVERIFY(gauge.widget->Widget::icon().isNull());
+}
+
+void tst_Widget::asksTheHost()
+{
+    GaugeFixture gauge;
+    const NARV::WidgetActionManager &manager = gauge.widget->widgetActionManager();
+    QCOMPARE(manager.getTagValue(u("t")), QVariant(u("tag t")));
+    const QDateTime from({2024, 1, 2}, {3, 4});
+    const QString trend = u("trend x 2024-01-02T03:04:00 2024-01-02T03:05:00 9 3");
+    QCOMPARE(manager.getTrendValue(u("x"), from, from.addSecs(60), 9,
+                                   NARV::WidgetActionManager::TrendTimeFormat::IsoText),
+             QVariant(trend));
+    gauge.host.alarms.resize(3);
+    QCOMPARE(manager.getAlarms().size(), 3);
+    manager.acknowAlarm(u("a"));
+    manager.acknowAllAlarms();
+    manager.resetAlarm(u("b"));
+    manager.resetAllAlarms();
+    const QString calls = u("tag t|%1|alarms|acknow a|acknow all|reset b|reset all");
+    QCOMPARE(gauge.host.calls.join(QLatin1Char('|')), calls.arg(trend));
+
+    auto *priv =
+        NARV::INTERNAL::WidgetActionManagerPrivateAccessor::priv(gauge.priv()->widgetActionManager);
+    QVERIFY(!manager.isInsideProjectEditor() && !priv->isInsideDevProject());
+    gauge.host.insideProjectEditor = true;
+    QVERIFY(manager.isInsideProjectEditor() && !priv->isInsideDevProject());
+}
+
+void tst_Widget::managesWithoutHost()
+{
+    RecordingLibrary library;
+    const QScopedPointer<RecordingWidget> unbound(library.newGauge(nullptr));
+    RecordingWidget unmanaged(NARV::WidgetData(u("gauge"), {}, {}, {}, nullptr, nullptr));
+    for (RecordingWidget *widget : {unbound.data(), &unmanaged}) {
+        const NARV::WidgetActionManager &manager = widget->widgetActionManager();
+        QVERIFY(!manager.getTagValue(u("t")).isValid());
+        QVERIFY(manager.getAlarms().isEmpty());
+        manager.resetAllAlarms();
+        QVERIFY(!manager.isInsideProjectEditor());
+        widget->setFieldValue(none, 1);
+    }
 }
 
 QTEST_MAIN(tst_Widget)
