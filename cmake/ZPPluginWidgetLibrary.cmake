@@ -57,7 +57,7 @@ function(zpplugin_check_metadata target metadata id)
     zpplugin_tool_command(tool)
     set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${target}_metadata.checked)
     add_custom_command(OUTPUT ${stamp}
-        COMMAND ${tool} check ${metadata}
+        COMMAND ${tool} check --quiet ${metadata}
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
         DEPENDS ${metadata} ${tool}
         COMMENT "Checking ${metadata}"
