@@ -70,6 +70,7 @@ private:
     ObjectReader m_in;
     QSharedDataPointer<FieldMetaInformationData> m_data;
     FieldMetaInformationData &m_field;
+    bool m_defaultValueIsReported = false;
     QStringList m_requirementsFieldIds;
 };
 

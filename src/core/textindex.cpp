@@ -1,6 +1,5 @@
 #include "core/textindex_p.h"
 
-#include <QHash>
 #include <QRandomGenerator>
 #include <QtMath>
 
@@ -9,13 +8,25 @@ namespace NARV::INTERNAL {
 static constexpr int smallestSlotCount = 16;
 
 TextIndex::TextIndex()
-    : m_seed(QRandomGenerator::global()->generate() | 1u)
+    : m_key(QRandomGenerator::global()->generate64() | 1u)
 {
 }
 
+static quint64 hashed(const QString &text, quint64 hash, quint64 key)
+{
+    for (const QChar c : text) {
+        hash = (hash + c.unicode()) * key;
+        hash ^= hash >> 32; // a product alone has texts that collide with every key
+    }
+    return hash;
+}
+
+// The toolkit's hash of a text is a checksum on most machines: texts made to have the same one have
+// it with any seed.
 uint TextIndex::hashOf(const QString &text, const QString &comment) const
 {
-    return qHash(text, qHash(comment, m_seed) | 1u);
+    static constexpr quint64 separator = 0x10000; // no character
+    return uint(hashed(text, hashed(comment, 1, m_key) + separator, m_key) >> 32);
 }
 
 int TextIndex::slotOf(uint hash, const QString &text, const QString &comment) const

@@ -61,7 +61,8 @@ bool FieldsReader::readField(const QJsonValue &value, int index)
     if (m_in.stopped())
         return true;
     const auto next = m_fields.lowerBound(field.id());
-    if (next != m_fields.end() && next.key() == field.id()) {
+    const bool hasId = !field.id().isEmpty(); // otherwise that has been reported
+    if (hasId && next != m_fields.end() && next.key() == field.id()) {
         m_in.context().faults.add(MetaDataError::FieldsInvalid, {&path, Key("id")});
         return true;
     }

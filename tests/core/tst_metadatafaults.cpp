@@ -326,7 +326,9 @@ void tst_MetaDataFaults::allProblems()
     const QJsonObject metaData = parsed(R"({"MetaData":{"id":1,"author":2,"version":"1.0.0",
         "widgets":[{"version":"1","fields":[
             {"id":"f","type":"text","display":"","requirements":"g > 1 && f && h"},
-            {"id":"g","type":"stringList","display":"","defaultValue":[1,"",2],"private":1}]},
+            {"id":"g","type":"stringList","display":"","defaultValue":[1,"",2],"private":1},
+            {"type":"option","display":"","defaultValue":"1","options":[{"index":1,"option":""}]},
+            {"type":"bool","display":""}]},
         2]}})");
     QStringList paths;
     for (const MetaDataProblem &problem : MetaDataChecker::allProblems(metaData))
@@ -341,6 +343,9 @@ void tst_MetaDataFaults::allProblems()
         u("widgets[0].fields[1].defaultValue[0]"),
         u("widgets[0].fields[1].defaultValue[2]"),
         u("widgets[0].fields[1].private"),
+        u("widgets[0].fields[2].id"),
+        u("widgets[0].fields[2].defaultValue"), // once
+        u("widgets[0].fields[3].id"),           // two without id are not the same
         u("widgets[0].fields[0].requirements"), // names g, a list of texts
         u("widgets[0].fields[0].requirements"), // names h, which is not there
         u("widgets[1]"),
