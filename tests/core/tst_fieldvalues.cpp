@@ -122,7 +122,6 @@ private Q_SLOTS:
     void fallbacks();
     void conversions_data() { addRows(conversionRows); }
     void conversions();
-    void mapsAreComparable();
     void fonts();
     void checkedFonts_data() { addRows(fontRows); }
     void checkedFonts();
@@ -188,14 +187,6 @@ void tst_FieldValues::conversions()
     const Library::FieldInfo font(false, true, true, row.type, QMetaType::QFont);
     QVariant list = QStringList();
     QVERIFY(!font.convertToFieldType(list));
-}
-
-void tst_FieldValues::mapsAreComparable()
-{
-    QCOMPARE(QMetaType::typeName(qMetaTypeId<StringMap>()), "QMap<int,QString>");
-    const auto map = [](const char *text) { return QVariant::fromValue(StringMap{{1, u(text)}}); };
-    QVERIFY(map("a") == map("a"));
-    QVERIFY(map("a") != map("b"));
 }
 
 void tst_FieldValues::fonts()

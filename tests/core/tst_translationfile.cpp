@@ -12,6 +12,7 @@ using Texts = QList<TranslationStringType>;
 static const QString english = u("en-US");
 static const QString italian = u("it-IT");
 
+static const QStringList one{u("On|lamp|Acceso")};
 static const struct
 {
     const char *name;
@@ -99,7 +100,6 @@ static QStringList described(const Texts &list)
     return lines;
 }
 
-static const QStringList one{u("On|lamp|Acceso")};
 void tst_TranslationFile::rows()
 {
     const auto &row = currentRow(fileRows);

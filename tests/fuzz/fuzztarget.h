@@ -1,8 +1,10 @@
 #ifndef ZPPLUGIN_TESTS_FUZZTARGET_H
 #define ZPPLUGIN_TESTS_FUZZTARGET_H
 
+#include <NARV/LogHandler>
+
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 
 #include <cstddef>
 #include <cstdint>
@@ -47,5 +49,25 @@ inline QString fuzzText(const QByteArray &bytes, bool isUtf16)
         text += QChar(uchar(bytes[i]), uchar(bytes[i + 1]));
     return text;
 }
+
+//! The texts that the library logs, as the message pattern writes them.
+struct FuzzLog
+{
+    explicit FuzzLog(const QString &pattern)
+    {
+        NARV::narvInstallLogMessageHandlerPrivate(keep, &texts);
+        NARV::narvSetLogMessagePattern(pattern);
+    }
+    ~FuzzLog() { NARV::narvUninstallLogMessageHandlerPrivate(); }
+    Q_DISABLE_COPY(FuzzLog)
+
+    QStringList texts;
+
+private:
+    static void keep(int, const QString &, const QString &text, void *texts)
+    {
+        static_cast<QStringList *>(texts)->append(text);
+    }
+};
 
 #endif

@@ -9,16 +9,50 @@
 #include <QDirIterator>
 #include <QLibraryInfo>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <optional>
 
 using NARV::INTERNAL::PluginLoader;
 using NARV::INTERNAL::PluginPlatform;
 
-static const QString idA = QStringLiteral("aaaaaaaa-0000-4000-8000-000000000001");
-static const QString idB = QStringLiteral("bbbbbbbb-0000-4000-8000-000000000002");
-static const QString loading = QStringLiteral("PLUGIN_LOADING");
+static const QString idA = u("aaaaaaaa-0000-4000-8000-000000000001");
+static const QString idB = u("bbbbbbbb-0000-4000-8000-000000000002");
+static const QString loading = u("PLUGIN_LOADING");
+
+static const char noUuid[] = "The name of the folder %1 is not a valid UUID";
+static const char noIid[] = "Error loading the plugin %2: the IID is not specified";
+
+static const struct
+{
+    const char *name; // of the fixture
+    QString reason;
+} libraryRows[] = {
+    {"no_plugin", u("the IID is not specified")},
+    {"no_iid", u("the IID is not specified")},
+    {"foreign_iid", u("the IID org.example.Other is not valid")},
+    {"no_entry", u("Unknown error")}, // the words of the toolkit
+    {"no_interface", u("invalid interface")},
+    {"no_name", u("MetaData/name attribute not present")},
+    {"throwing", u("the plugin threw an exception: no license")},
+    {"good_b", u("the id %1 is not equal to the folder name %2").arg(idB, idA)},
+};
+
+static const struct
+{
+    const char *name;
+    QString folder;
+    QByteArray content;
+    const char *message; // %1: the folder, %2: the library
+} folderRows[] = {
+    {"a word", u("gallery"), {}, noUuid},
+    {"null UUID", u("00000000-0000-0000-0000-000000000000"), {}, noUuid},
+    {"longer than a UUID", idA + u("-old"), {}, noUuid},
+    {"no library", idA, {}, noIid},
+    {"braces", u("{%1}").arg(idA), {}, noIid},
+    {"empty library", idA, "", noIid},
+    {"text", idA, "#!/bin/sh\n", noIid},
+    {"half an ELF file", idA, "\x7f\x45LF\2\1\1", noIid},
+};
 
 //! Finding, checking, loading and notifying plugins.
 class tst_PluginLoader : public GuardedTest
@@ -29,9 +63,9 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void loadsAndNotifies();
-    void refusesLibraries_data();
+    void refusesLibraries_data() { addRows(libraryRows); }
     void refusesLibraries();
-    void refusesFolders_data();
+    void refusesFolders_data() { addRows(folderRows); }
     void refusesFolders();
     void skipsDisabled();
     void refusesSecondFolderOfAnId();
@@ -53,9 +87,9 @@ private:
     //! Puts a fixture into a plugin folder, as its library for this platform.
     QString place(const char *fixture, const QString &folder);
     void copyFile(const QString &from, const QString &to);
-    //! What the library and the fixtures logged, but for the fixtures' hooks.
-    QStringList messages(QtMsgType type);
-    QStringList hooks();
+    //! What was logged of one type and source: the fixtures' hooks, or all else.
+    QStringList messages(QtMsgType type, bool ofHooks = false);
+    QStringList hooks() { return messages(QtDebugMsg, true); }
     //! No library of the plugins folder is in memory.
     bool nothingIsMapped() const;
 
@@ -71,7 +105,7 @@ void tst_PluginLoader::init()
 void tst_PluginLoader::cleanup()
 {
     for (const LogEntry &entry : takeLog())
-        QCOMPARE(entry.category, QStringLiteral("FIXTURE")); // a loader is gone, its plugins too
+        QCOMPARE(entry.category, u("FIXTURE")); // a loader is gone, its plugins too
     checkGuard();
 }
 
@@ -88,21 +122,11 @@ QString tst_PluginLoader::place(const char *fixture, const QString &folder)
     return libraryPath(folder);
 }
 
-QStringList tst_PluginLoader::messages(QtMsgType type)
+QStringList tst_PluginLoader::messages(QtMsgType type, bool ofHooks)
 {
     QStringList texts;
     for (const LogEntry &entry : takeLog()) {
-        if (entry.type == type && entry.category != QLatin1String("FIXTURE"))
-            texts += entry.message;
-    }
-    return texts;
-}
-
-QStringList tst_PluginLoader::hooks()
-{
-    QStringList texts;
-    for (const LogEntry &entry : takeLog()) {
-        if (entry.category == QLatin1String("FIXTURE"))
+        if (entry.type == type && (entry.category == u("FIXTURE")) == ofHooks)
             texts += entry.message;
     }
     return texts;
@@ -110,7 +134,7 @@ QStringList tst_PluginLoader::hooks()
 
 bool tst_PluginLoader::nothingIsMapped() const
 {
-    QFile maps(QStringLiteral("/proc/self/maps"));
+    QFile maps(u("/proc/self/maps"));
     return maps.open(QIODevice::ReadOnly) && !maps.readAll().contains(m_dir->path().toLocal8Bit());
 }
 
@@ -122,18 +146,13 @@ void tst_PluginLoader::loadsAndNotifies()
         PluginLoader loader;
         QVERIFY(!loader.init() && !loader.isInit() && !loader.deinit());
         QVERIFY(loader.loadFromDir(m_dir->path(), {}));
-        QList<LogEntry> records;
-        for (const LogEntry &entry : takeLog()) {
-            if (entry.category == loading)
-                records += entry;
-        }
-        QCOMPARE(records.size(), 2);
-        QVERIFY(records.contains(
-            LogEntry{QtInfoMsg, idA, loading,
-                     QStringLiteral("Plugin %1 (v1.2.3) loaded, author ").arg(idA) +
-                         QLatin1String("A%1%2")}));
+        const LogEntry loaded{QtInfoMsg, idA, loading,
+                              u("Plugin ") + idA + u(" (v1.2.3) loaded, author A%1%2")};
+        const QList<LogEntry> log = takeLog(); // the roots were made, and
+        QCOMPARE(log.size(), 4);
+        QCOMPARE(log.count(loaded), 1);
         QCOMPARE(loader.pluginData().keys(), (QStringList{idA, idB}));
-        QVERIFY(!loader.pluginDataByPluginId(QStringLiteral("absent")));
+        QVERIFY(!loader.pluginDataByPluginId(u("absent")));
         const auto *data = loader.pluginDataByPluginId(idA)->toWidgetLibraryPluginData();
         QCOMPARE(data->libraryPath(), libraryA);
         QCOMPARE(int(data->type()), 1);
@@ -142,70 +161,29 @@ void tst_PluginLoader::loadsAndNotifies()
         QVERIFY(data->loadingTimeMs() > 0 && data->loadingTimeMs() < 10000);
 
         QVERIFY(loader.init() && loader.isInit() && !loader.init());
-        const QStringList start{QStringLiteral("aboutToLoad"), QStringLiteral("aboutToLoad"),
-                                QStringLiteral("load"), QStringLiteral("load")};
-        QCOMPARE(hooks(), start);
+        QCOMPARE(hooks().join(QLatin1Char(' ')), u("aboutToLoad aboutToLoad load load"));
     }
-    const QStringList stop{QStringLiteral("aboutToUnload"), QStringLiteral("aboutToUnload"),
-                           QStringLiteral("unload"),        QStringLiteral("unload"),
-                           QStringLiteral("destroyed"),     QStringLiteral("destroyed")};
-    QCOMPARE(hooks(), stop);
+    QCOMPARE(hooks().join(QLatin1Char(' ')),
+             u("aboutToUnload aboutToUnload unload unload destroyed destroyed"));
     QVERIFY(nothingIsMapped());
-}
-
-void tst_PluginLoader::refusesLibraries_data()
-{
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("no_plugin") << QStringLiteral("the IID is not specified");
-    QTest::newRow("no_iid") << QStringLiteral("the IID is not specified");
-    QTest::newRow("foreign_iid") << QStringLiteral("the IID org.example.Other is not valid");
-    QTest::newRow("no_entry") << QStringLiteral("Unknown error"); // the words of the toolkit
-    QTest::newRow("no_interface") << QStringLiteral("invalid interface");
-    QTest::newRow("no_name") << QStringLiteral("MetaData/name attribute not present");
-    QTest::newRow("throwing") << QStringLiteral("the plugin threw an exception: no license");
-    QTest::newRow("good_b")
-        << QStringLiteral("the id %1 is not equal to the folder name %2").arg(idB, idA);
 }
 
 void tst_PluginLoader::refusesLibraries()
 {
-    QFETCH(QString, reason);
-    const QString library = place(QTest::currentDataTag(), idA);
+    const auto &[fixture, reason] = currentRow(libraryRows);
+    const QString library = place(fixture, idA);
     PluginLoader loader;
     QVERIFY(!loader.loadFromPluginDir(path(idA)));
-    const QString message = QStringLiteral("Error loading the plugin %1: %2").arg(library, reason);
+    const QString message = u("Error loading the plugin %1: %2").arg(library, reason);
     QCOMPARE(messages(QtCriticalMsg), QStringList{message});
     QVERIFY(loader.pluginData().isEmpty());
     QVERIFY(!loader.init());
     QVERIFY(nothingIsMapped());
 }
 
-void tst_PluginLoader::refusesFolders_data()
-{
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("message"); // %1: the folder, %2: the library
-    const QString noUuid = QStringLiteral("The name of the folder %1 is not a valid UUID");
-    const QString noIid = QStringLiteral("Error loading the plugin %2: the IID is not specified");
-    QTest::newRow("a word") << QStringLiteral("gallery") << QByteArray() << noUuid;
-    QTest::newRow("null UUID") << QStringLiteral("00000000-0000-0000-0000-000000000000")
-                               << QByteArray() << noUuid;
-    QTest::newRow("longer than a UUID") << idA + QStringLiteral("-old") << QByteArray() << noUuid;
-    QTest::newRow("no library") << idA << QByteArray() << noIid;
-    QTest::newRow("braces") << QStringLiteral("{%1}").arg(idA) << QByteArray() << noIid;
-    QTest::newRow("empty library") << idA << QByteArray("") << noIid;
-    QTest::newRow("text") << idA << QByteArray("#!/bin/sh\n") << noIid;
-    QTest::newRow("half an ELF file") << idA
-                                      << QByteArray("\x7f"
-                                                    "ELF\2\1\1")
-                                      << noIid;
-}
-
 void tst_PluginLoader::refusesFolders()
 {
-    QFETCH(QString, folder);
-    QFETCH(QByteArray, content);
-    QFETCH(QString, message);
+    const auto &[name, folder, content, text] = currentRow(folderRows);
     const QString library = libraryPath(folder);
     QVERIFY(QDir().mkpath(QFileInfo(library).path()));
     QFile file(library);
@@ -215,7 +193,8 @@ void tst_PluginLoader::refusesFolders()
 
     PluginLoader loader;
     QVERIFY(!loader.loadFromDir(m_dir->path(), {}));
-    message.replace(QLatin1String("%1"), path(folder)).replace(QLatin1String("%2"), library);
+    QString message = u(text);
+    message.replace(u("%1"), path(folder)).replace(u("%2"), library);
     QCOMPARE(messages(QtCriticalMsg), QStringList{message});
     QCOMPARE(loader.pluginData().keys(), QStringList{idB}); // the other one is loaded
 }
@@ -251,12 +230,11 @@ void tst_PluginLoader::refusesSecondFolderOfAnId()
 
 void tst_PluginLoader::refusesMissingFolder()
 {
-    const QString absent = path(QStringLiteral("absent %1 %2"));
+    const QString absent = path(u("absent %1 %2"));
     const LogEntry warning{QtWarningMsg,
                            {},
-                           QStringLiteral("GENERAL"),
-                           QStringLiteral("The folder ") + absent +
-                               QLatin1String(" doesn't exists")};
+                           u("GENERAL"),
+                           u("The folder ") + absent + QLatin1String(" doesn't exists")};
     PluginLoader loader;
     QVERIFY(!loader.loadFromDir(absent, {}));
     QVERIFY(!loader.loadFromPluginDir(absent));
@@ -274,10 +252,8 @@ void tst_PluginLoader::refusesWhileInited()
     QVERIFY(!loader.loadFromDir(m_dir->path(), {}));
     QVERIFY(!loader.loadFromPluginDir(path(idA)));
     QVERIFY(!loader.loadFromPluginPath(library, {}));
-    const LogEntry warning{QtWarningMsg,
-                           {},
-                           QStringLiteral("GENERAL"),
-                           QStringLiteral("The plugin loader is already inited")};
+    const LogEntry warning{
+        QtWarningMsg, {}, u("GENERAL"), u("The plugin loader is already inited")};
     QCOMPARE(takeLog(), (QList<LogEntry>{warning, warning, warning}));
     QVERIFY(loader.deinit() && !loader.deinit());
     place("good_b", idB);
@@ -289,12 +265,12 @@ void tst_PluginLoader::refusesWhileInited()
 
 void tst_PluginLoader::loadsAnyIdByPath()
 {
-    const QString library = path(QStringLiteral("some library.so"));
+    const QString library = path(u("some library.so"));
     copyFile(QStringLiteral(FIXTURES_DIR "/good_a.so"), library);
     const QString current = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_dir->path()));
     PluginLoader loader;
-    const bool ok = loader.loadFromPluginPath(QStringLiteral("some library.so"), {});
+    const bool ok = loader.loadFromPluginPath(u("some library.so"), {});
     QVERIFY(QDir::setCurrent(current));
     QVERIFY(ok);
     QCOMPARE(loader.pluginDataByPluginId(idA)->libraryPath(), library);
@@ -312,9 +288,9 @@ void tst_PluginLoader::replacesRecordOfSameId()
     PluginLoader loader;
     QVERIFY(loader.loadFromPluginPath(library, {}));
     QVERIFY(loader.loadFromPluginPath(library, {})); // the same library again
-    QCOMPARE(hooks(), QStringList{QStringLiteral("made")});
+    QCOMPARE(hooks(), QStringList{u("made")});
     QVERIFY(loader.loadFromPluginPath(other, {}));
-    QCOMPARE(hooks(), (QStringList{QStringLiteral("made"), QStringLiteral("destroyed")}));
+    QCOMPARE(hooks(), (QStringList{u("made"), u("destroyed")}));
     QCOMPARE(loader.pluginData().size(), 1);
     QCOMPARE(loader.pluginDataByPluginId(idA)->libraryPath(), other);
     QVERIFY(loader.init());
@@ -333,7 +309,7 @@ void tst_PluginLoader::survivesThrowingHooks()
     QVERIFY(loader.init());
     const QList<LogEntry> log = takeLog();
     const LogEntry thrown{QtCriticalMsg, idA, loading,
-                          QStringLiteral("the plugin threw an exception of unknown type")};
+                          u("the plugin threw an exception of unknown type")};
     QCOMPARE(log.count(thrown), 1);
     QCOMPARE(log.size(), 5); // and both plugins heard both hooks
 }
@@ -348,12 +324,11 @@ void tst_PluginLoader::checksPluginDir()
     }
     QVERIFY(loader.checkPluginDir(folder));
     QVERIFY(loader.checkPluginDir(folder + QLatin1Char('/')));
-    QVERIFY(QDir(m_dir->path()).rename(idA, QStringLiteral("renamed")));
-    QVERIFY(!loader.checkPluginDir(path(QStringLiteral("renamed"))));
-    QVERIFY(
-        QFileInfo(PluginPlatform::required()[3].libraryPath(path(QStringLiteral("renamed")), idA))
-            .path()
-            .endsWith(QLatin1String("linux/arm64")));
+    QVERIFY(QDir(m_dir->path()).rename(idA, u("renamed")));
+    QVERIFY(!loader.checkPluginDir(path(u("renamed"))));
+    QVERIFY(QFileInfo(PluginPlatform::required()[3].libraryPath(path(u("renamed")), idA))
+                .path()
+                .endsWith(QLatin1String("linux/arm64")));
 }
 
 void tst_PluginLoader::tellsResourcePaths()
@@ -363,17 +338,15 @@ void tst_PluginLoader::tellsResourcePaths()
     QVERIFY(loader.loadFromDir(m_dir->path(), {}));
     takeLog();
     const auto *data = loader.pluginDataByPluginId(idA)->toWidgetLibraryPluginData();
-    QCOMPARE(
-        data->studioDefaultsPath(QStringLiteral("res")),
-        QDir::current().absoluteFilePath(QStringLiteral("res/%1/studio_defaults.zpx").arg(idA)));
-    QCOMPARE(data->studioPropertiesPath(QStringLiteral("/r")),
-             QStringLiteral("/r/%1/studio_properties.xml").arg(idA));
+    QCOMPARE(data->studioDefaultsPath(u("res")),
+             QDir::current().absoluteFilePath(u("res/%1/studio_defaults.zpx").arg(idA)));
+    QCOMPARE(data->studioPropertiesPath(u("/r")), u("/r/%1/studio_properties.xml").arg(idA));
 }
 
 void tst_PluginLoader::refusesPluginsOfQt()
 {
-    QDirIterator libraries(QLibraryInfo::location(QLibraryInfo::PluginsPath),
-                           {QStringLiteral("*.so")}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator libraries(QLibraryInfo::location(QLibraryInfo::PluginsPath), {u("*.so")},
+                           QDir::Files, QDirIterator::Subdirectories);
     PluginLoader loader;
     int count = 0;
     while (libraries.hasNext()) {
@@ -381,10 +354,10 @@ void tst_PluginLoader::refusesPluginsOfQt()
         QVERIFY(!loader.loadFromPluginPath(library, {}));
         const QStringList said = messages(QtCriticalMsg);
         QCOMPARE(said.size(), 1);
-        QVERIFY2(said[0].startsWith(
-                     QStringLiteral("Error loading the plugin %1: the IID org.qt").arg(library)) &&
-                     said[0].endsWith(QLatin1String(" is not valid")),
-                 qPrintable(said[0]));
+        QVERIFY2(
+            said[0].startsWith(u("Error loading the plugin %1: the IID org.qt").arg(library)) &&
+                said[0].endsWith(QLatin1String(" is not valid")),
+            qPrintable(said[0]));
         ++count;
     }
     QVERIFY(count > 0);

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QElapsedTimer>
-#include <QTest>
 #include <QThread>
 
 #include <atomic>
@@ -15,40 +14,10 @@
 using NARV::Debug;
 using NARV::LogHandler;
 
-class tst_Log : public GuardedTest
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void pattern_data();
-    void pattern();
-    void hostilePattern_data();
-    void hostilePattern();
-    void runtimeFields();
-    void time();
-    void text_data();
-    void text();
-    void levelsAndContext();
-    void eachCopyDelivers();
-    void recordsStartAfresh();
-    void callback();
-    void threads();
-
-private:
-    QString takeMessage();
-};
-
-QString tst_Log::takeMessage()
-{
-    const QList<LogEntry> log = takeLog();
-    return log.size() == 1 ? log.first().message : QStringLiteral("%1 records").arg(log.size());
-}
-
 static const char conditions[] = "%{IF-NOT-INFO}n%{ENDIF}%{IF-DEBUG}d%{ENDIF}%{IF-INFO}i%{ENDIF}"
                                  "%{IF-WARNING}w%{ENDIF}%{IF-CRITICAL}c%{ENDIF}%{TYPE}";
 static const char twoConditions[] = "%{IF-INFO}a%{IF-WARNING}b%{ENDIF}c%{ENDIF}d";
 static const char categories[] = "%{IF-CATEGORY}[%{CATEGORY}]%{ENDIF}%{CATEGORY}";
-
 static const struct
 {
     const char *name;
@@ -82,17 +51,53 @@ static const struct
     {"hidden time keeps its format", "%{IF-INFO}%{TIME 'a'}%{ENDIF}%{TIME 'b'}", "b"},
 };
 
-void tst_Log::pattern_data()
+static const struct
 {
-    QTest::addColumn<int>("row");
-    for (const auto &row : patternRows)
-        QTest::newRow(row.name) << int(&row - patternRows);
+    const char *name;
+    void (*write)(QDebug &out);
+    const char *expected;
+} textRows[] = {
+    {"items apart", [](QDebug &out) { out << "a" << 1 << "b"; }, "a 1 b"},
+    {"quoted", [](QDebug &out) { out << u("a"); }, "\"a\""},
+    {"not quoted", [](QDebug &out) { out.noquote() << u("a"); }, "a"},
+    {"own trailing blank", [](QDebug &out) { out << "a "; }, "a "},
+    {"own trailing blank, nospace", [](QDebug &out) { out.nospace() << "a "; }, "a "},
+    {"nothing", [](QDebug &) {}, "0 records"},
+    {"only a separator", [](QDebug &out) { out.space(); }, "0 records"},
+};
+
+class tst_Log : public GuardedTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pattern_data() { addRows(patternRows); }
+    void pattern();
+    void hostilePattern_data();
+    void hostilePattern();
+    void runtimeFields();
+    void time();
+    void text_data() { addRows(textRows); }
+    void text();
+    void levelsAndContext();
+    void eachCopyDelivers();
+    void recordsStartAfresh();
+    void callback();
+    void threads();
+
+private:
+    QString takeMessage();
+};
+
+QString tst_Log::takeMessage()
+{
+    const QList<LogEntry> log = takeLog();
+    return log.size() == 1 ? log.first().message : u("%1 records").arg(log.size());
 }
 
 void tst_Log::pattern()
 {
-    QFETCH(int, row);
-    const auto &[name, pattern, expected, level, category] = patternRows[row];
+    const auto &[name, pattern, expected, level, category] = currentRow(patternRows);
     NARV::narvSetLogMessagePattern(QString::fromUtf8(pattern));
     const LogHandler handler({}, "f\xc3\xbcr.cpp", 7, "run", category);
     (handler.*level)().debug() << "text";
@@ -110,13 +115,13 @@ void tst_Log::hostilePattern_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("NUL and lone surrogates") << odd << odd;
     QTest::newRow("opened without end") << open << open;
-    QTest::newRow("one long placeholder") << open + QLatin1String("}a") << QStringLiteral("a");
+    QTest::newRow("one long placeholder") << open + QLatin1String("}a") << u("a");
     QTest::newRow("unknown placeholders") << repeated("%{X}a", 500000) << repeated("a", 500000);
     QTest::newRow("placeholders") << repeated("%{LINE}", 100000) << repeated("0", 100000);
     QTest::newRow("times") << repeated("%{TIME 'a'}", 100000) << repeated("a", 100000);
     const QString year = QString::number(QDate::currentDate().year()) + QLatin1Char('-');
     QTest::newRow("one long time")
-        << QStringLiteral("%{TIME yyyy-") + repeated("yyyy-", 100000) + QLatin1Char('}')
+        << u("%{TIME yyyy-") + repeated("yyyy-", 100000) + QLatin1Char('}')
         << year.repeated(51) + QLatin1Char('y');
 }
 
@@ -134,9 +139,9 @@ void tst_Log::hostilePattern()
 
 void tst_Log::runtimeFields()
 {
-    NARV::narvSetLogMessagePattern(QStringLiteral("%{PID} %{THREAD}"));
+    NARV::narvSetLogMessagePattern(u("%{PID} %{THREAD}"));
     Debug(QtInfoMsg).debug() << "text";
-    QCOMPARE(takeMessage(), QStringLiteral("%1 %2")
+    QCOMPARE(takeMessage(), u("%1 %2")
                                 .arg(QCoreApplication::applicationPid())
                                 .arg(quintptr(QThread::currentThreadId())));
 }
@@ -144,8 +149,7 @@ void tst_Log::runtimeFields()
 // Through a change of the millisecond and of the second, as time texts are kept.
 void tst_Log::time()
 {
-    NARV::narvSetLogMessagePattern(
-        QStringLiteral("%{TIME}|%{TIME hh:mm}|%{TIME yyyy-MM-ddThh:mm:ss.zzz}"));
+    NARV::narvSetLogMessagePattern(u("%{TIME}|%{TIME hh:mm}|%{TIME yyyy-MM-ddThh:mm:ss.zzz}"));
     for (int pause : {1, 3, 1000}) {
         QTest::qSleep(pause);
         const QString start = QDateTime::currentDateTime().toString(Qt::ISODateWithMs);
@@ -159,44 +163,21 @@ void tst_Log::time()
     }
 }
 
-static const struct
-{
-    const char *name;
-    void (*write)(QDebug &out);
-    const char *expected;
-} textRows[] = {
-    {"items apart", [](QDebug &out) { out << "a" << 1 << "b"; }, "a 1 b"},
-    {"quoted", [](QDebug &out) { out << QStringLiteral("a"); }, "\"a\""},
-    {"not quoted", [](QDebug &out) { out.noquote() << QStringLiteral("a"); }, "a"},
-    {"own trailing blank", [](QDebug &out) { out << "a "; }, "a "},
-    {"own trailing blank, nospace", [](QDebug &out) { out.nospace() << "a "; }, "a "},
-    {"nothing", [](QDebug &) {}, "0 records"},
-    {"only a separator", [](QDebug &out) { out.space(); }, "0 records"},
-};
-
-void tst_Log::text_data()
-{
-    QTest::addColumn<int>("row");
-    for (const auto &row : textRows)
-        QTest::newRow(row.name) << int(&row - textRows);
-}
-
 void tst_Log::text()
 {
-    QFETCH(int, row);
+    const auto &row = currentRow(textRows);
     {
         Debug record(QtDebugMsg);
-        textRows[row].write(record.debug());
+        row.write(record.debug());
         QVERIFY(takeLog().isEmpty());
     }
-    QCOMPARE(takeMessage(), QString::fromLatin1(textRows[row].expected));
+    QCOMPARE(takeMessage(), QString::fromLatin1(row.expected));
 }
 
 void tst_Log::levelsAndContext()
 {
-    NARV::narvSetLogMessagePattern(
-        QStringLiteral("%{CATEGORY} %{FILE} %{LINE} %{FUNCTION} %{TYPE} %{MESSAGE}"));
-    const QString id = QStringLiteral("id");
+    NARV::narvSetLogMessagePattern(u("%{CATEGORY} %{FILE} %{LINE} %{FUNCTION} %{TYPE} %{MESSAGE}"));
+    const QString id = u("id");
     LogHandler().debug().debug() << "a";
     LogHandler(id, "f.cpp", 1, "run").info().debug() << "a";
     LogHandler(id, "f.cpp", 1, "run", "NARV").warning().debug() << "a";
@@ -204,11 +185,11 @@ void tst_Log::levelsAndContext()
     LogHandler().critical().debug() << "a";
     Debug(QtFatalMsg).debug() << "a";
     const LogEntry expected[] = {
-        {0, {}, {}, QStringLiteral(" unknown 0 unknown DEBUG a")},
-        {4, id, {}, QStringLiteral("default f.cpp 1 run INFO a")},
-        {1, id, {}, QStringLiteral("NARV f.cpp 1 run WARNING a")},
-        {2, {}, {}, QStringLiteral(" unknown 0 unknown CRITICAL a")},
-        {3, {}, {}, QStringLiteral(" unknown 0 unknown FATAL a")},
+        {0, {}, {}, u(" unknown 0 unknown DEBUG a")},
+        {4, id, {}, u("default f.cpp 1 run INFO a")},
+        {1, id, {}, u("NARV f.cpp 1 run WARNING a")},
+        {2, {}, {}, u(" unknown 0 unknown CRITICAL a")},
+        {3, {}, {}, u(" unknown 0 unknown FATAL a")},
     };
     QCOMPARE(takeLog(), QList<LogEntry>(std::begin(expected), std::end(expected)));
 }
@@ -220,9 +201,9 @@ static Debug returned(const QString &source)
 
 void tst_Log::eachCopyDelivers()
 {
-    const QString id = QStringLiteral("id");
+    const QString id = u("id");
     const auto entry = [&](const char *text) {
-        return LogEntry{QtInfoMsg, id, QStringLiteral("NARV"), QString::fromLatin1(text)};
+        return LogEntry{QtInfoMsg, id, u("NARV"), QString::fromLatin1(text)};
     };
     {
         Debug first = returned(id);
@@ -240,11 +221,10 @@ void tst_Log::eachCopyDelivers()
 void tst_Log::recordsStartAfresh()
 {
     for (int length : {1, 5000}) {
-        returned(QStringLiteral("id")).debug().nospace().noquote()
+        returned(u("id")).debug().nospace().noquote()
             << Qt::hex << qSetFieldWidth(9) << QString(length, QLatin1Char('a'));
-        LogHandler().warning().debug() << QStringLiteral("a") << 255;
-        QCOMPARE(takeLog().mid(1),
-                 (QList<LogEntry>{{QtWarningMsg, {}, {}, QStringLiteral("\"a\" 255")}}));
+        LogHandler().warning().debug() << u("a") << 255;
+        QCOMPARE(takeLog().mid(1), (QList<LogEntry>{{QtWarningMsg, {}, {}, u("\"a\" 255")}}));
     }
 }
 
@@ -262,7 +242,7 @@ void tst_Log::callback()
     for (int i = 1; i < 3; ++i) {
         Debug(QtInfoMsg).debug() << "a";
         QCOMPARE(calls, i);
-        NARV::narvSetLogMessagePattern(QStringLiteral("%{MESSAGE}"));
+        NARV::narvSetLogMessagePattern(u("%{MESSAGE}"));
     }
     {
         Debug record(QtInfoMsg);
@@ -285,7 +265,7 @@ static void receive(int, const QString &, const QString &message, void *)
 
 void tst_Log::threads()
 {
-    const QString patterns[] = {QStringLiteral("a %{MESSAGE} a"), QStringLiteral("b %{MESSAGE} b")};
+    const QString patterns[] = {u("a %{MESSAGE} a"), u("b %{MESSAGE} b")};
     NARV::narvSetLogMessagePattern(patterns[0]);
     NARV::narvUninstallLogMessageHandlerPrivate();
     std::atomic<bool> stop{false};
