@@ -3,30 +3,46 @@
 #include <QRandomGenerator>
 #include <QtMath>
 
+#include <cstring>
+
 namespace NARV::INTERNAL {
 
 static constexpr int smallestSlotCount = 16;
 
 TextIndex::TextIndex()
-    : m_key(QRandomGenerator::global()->generate64() | 1u)
+    : m_key(QRandomGenerator::global()->generate64())
 {
+}
+
+// Multiplies the halves of what an unknown key has mixed: without the key nobody can tell which
+// texts come out alike. A product of text and key alone would have texts that collide with any key.
+static quint64 mixed(quint64 hash, quint64 letters, quint64 key)
+{
+    const quint64 x = hash ^ letters ^ key;
+    return (x & 0xffffffff) * (x >> 32) + (x << 32 | x >> 32);
 }
 
 static quint64 hashed(const QString &text, quint64 hash, quint64 key)
 {
-    for (const QChar c : text) {
-        hash = (hash + c.unicode()) * key;
-        hash ^= hash >> 32; // a product alone has texts that collide with every key
+    static constexpr int letters = sizeof(quint64) / sizeof(QChar);
+    const QChar *begin = text.constData();
+    int rest = text.size();
+    hash += quint64(rest);
+    for (; rest >= letters; rest -= letters, begin += letters) {
+        quint64 word;
+        std::memcpy(&word, begin, sizeof word);
+        hash = mixed(hash, word, key);
     }
-    return hash;
+    quint64 word = 0;
+    std::memcpy(&word, begin, size_t(rest) * sizeof(QChar));
+    return mixed(hash, word, key);
 }
 
 // The toolkit's hash of a text is a checksum on most machines: texts made to have the same one have
 // it with any seed.
 uint TextIndex::hashOf(const QString &text, const QString &comment) const
 {
-    static constexpr quint64 separator = 0x10000; // no character
-    return uint(hashed(text, hashed(comment, 1, m_key) + separator, m_key) >> 32);
+    return uint(hashed(text, hashed(comment, 0, m_key), m_key) >> 32);
 }
 
 int TextIndex::slotOf(uint hash, const QString &text, const QString &comment) const
