@@ -1,8 +1,7 @@
 #include "core/widgetlibrarypluginmetainformation.h"
 
+#include "core/textindex_p.h"
 #include "core/translationtable_p.h"
-
-#include <QSet>
 
 namespace NARV::INTERNAL {
 
@@ -18,41 +17,45 @@ Library &Library::operator=(const WidgetLibraryPluginMetaInformation &other) = d
 Library &Library::operator=(WidgetLibraryPluginMetaInformation &&other) noexcept = default;
 Library::~WidgetLibraryPluginMetaInformation() = default;
 
-static uint qHash(const TranslationStringType &text, uint seed)
-{
-    seed = ::qHash(text.comment(), seed);
-    for (const QString &translation : text.translations())
-        seed = ::qHash(translation, seed);
-    return seed;
-}
-
 namespace {
 
-//! Collects the distinct group names of one gallery in order of appearance.
+//! Collects the distinct group names of one gallery in order of appearance. Names that read the
+//! same in the metadata, comment included, are the same in every language.
 class GalleryGroups
 {
 public:
+    explicit GalleryGroups(const QString &metaDataLanguage)
+        : m_language(metaDataLanguage)
+    {
+    }
+
     void add(const TranslationStringType &name)
     {
-        if (name.isEmpty())
+        if (name.isEmpty()) {
             defaultGroupIsUsed = true;
-        else if (!m_seen.contains(name))
-            m_seen.insert(*names.insert(names.end(), name));
+            return;
+        }
+        int &position = m_positions.insert(name.get(m_language, false), name.comment());
+        if (position >= 0)
+            return;
+        position = names.size();
+        names.append(name);
     }
 
     QList<TranslationStringType> names;
     bool defaultGroupIsUsed = false;
 
 private:
-    QSet<TranslationStringType> m_seen;
+    QString m_language;
+    TextIndex m_positions;
 };
 
 } // namespace
 
 void Library::init(const WidgetMap &widgets)
 {
-    GalleryGroups page;
-    GalleryGroups project;
+    GalleryGroups page(defaultLanguage());
+    GalleryGroups project(defaultLanguage());
     for (const WidgetMetaInformation &widget : widgets) {
         if (widget.showInPageGallery())
             page.add(widget.galleryGroupName());
