@@ -175,8 +175,10 @@ void FieldDescriptionReader::readDefaultValue()
     const DefaultValueReader read = typeRules(m_field.type).readDefaultValue;
     const bool isGiven = m_in.optional(
         defaultValueKey, MetaDataError::FieldDefaultValueInvalid, [&](const QJsonValue &value) {
-            if (read)
-                return (this->*read)(value);
+            if (read) {
+                m_defaultValueIsReported = !(this->*read)(value);
+                return !m_defaultValueIsReported;
+            }
             // Of the types that take no default value, two say so.
             if (m_field.type == FieldType::Image)
                 return false;
@@ -373,7 +375,7 @@ void FieldDescriptionReader::readOptions()
     const bool isOption = std::any_of(
         m_field.options.cbegin(), m_field.options.cend(),
         [=](const QPair<int, QString> &option) { return option.first == defaultIndex; });
-    if (!m_field.options.isEmpty() && !isOption)
+    if (!m_field.options.isEmpty() && !isOption && !m_defaultValueIsReported)
         m_in.fail(MetaDataError::FieldDefaultValueInvalid, defaultValueKey);
 }
 

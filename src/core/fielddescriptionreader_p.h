@@ -69,6 +69,7 @@ private:
 
     ObjectReader m_in;
     FieldMetaInformationData m_field;
+    bool m_defaultValueIsReported = false;
     QStringList m_requirementsFieldIds;
 };
 

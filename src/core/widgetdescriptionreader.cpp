@@ -60,7 +60,8 @@ bool FieldsReader::readField(const QJsonValue &value, int index)
     const Library::FieldMetaInformation field = reader.infoFromMetaDataParseField();
     if (m_in.stopped())
         return true;
-    if (m_fields.contains(field.id())) {
+    const bool hasId = !field.id().isEmpty(); // otherwise that has been reported
+    if (hasId && m_fields.contains(field.id())) {
         m_in.context().faults.add(MetaDataError::FieldsInvalid, {&path, Key("id")});
         return true;
     }

@@ -327,7 +327,9 @@ void tst_MetaDataFaults::allProblems()
     const QJsonObject metaData = parsed(R"({"MetaData":{"id":1,"author":2,"version":"1.0.0",
         "widgets":[{"version":"1","fields":[
             {"id":"f","type":"text","display":"","requirements":"g > 1 && f && h"},
-            {"id":"g","type":"stringList","display":"","defaultValue":[1,"",2],"private":1}]},
+            {"id":"g","type":"stringList","display":"","defaultValue":[1,"",2],"private":1},
+            {"type":"option","display":"","defaultValue":"1","options":[{"index":1,"option":""}]},
+            {"type":"bool","display":""}]},
         2]}})");
     QStringList paths;
     for (const MetaDataProblem &problem : MetaDataChecker::allProblems(metaData))
@@ -342,6 +344,9 @@ void tst_MetaDataFaults::allProblems()
         QStringLiteral("widgets[0].fields[1].defaultValue[0]"),
         QStringLiteral("widgets[0].fields[1].defaultValue[2]"),
         QStringLiteral("widgets[0].fields[1].private"),
+        QStringLiteral("widgets[0].fields[2].id"),
+        QStringLiteral("widgets[0].fields[2].defaultValue"), // once
+        QStringLiteral("widgets[0].fields[3].id"),           // two without id are not the same
         QStringLiteral("widgets[0].fields[0].requirements"), // names g, a list of texts
         QStringLiteral("widgets[0].fields[0].requirements"), // names h, which is not there
         QStringLiteral("widgets[1]"),
