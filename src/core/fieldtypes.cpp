@@ -6,30 +6,31 @@ namespace NARV::INTERNAL {
 
 using Library = WidgetLibraryPluginMetaInformation;
 
-// In the order of the enumerators; the first field type is Undefined, the first tag type Bool.
+// In the order of the enumerators. The first of each is for no type; that of tags has no name.
 static constexpr const char *fieldTypeNames[] = {
     "undefined", "string", "stringList", "stringMap", "integer", "double", "bool",
     "option",    "color",  "font",       "image",     "tag",     "trend"};
 static_assert(std::size(fieldTypeNames) == Library::FieldType::Trend + 1);
 
 static constexpr const char *tagTypeNames[] = {
+    nullptr, // Unknown
     "bool",      "byte",        "short",      "int",        "ubyte",      "ushort",
     "uint",      "uint64",      "int64",      "float",      "double",     "string",
     "arraybool", "arraybyte",   "arrayshort", "arrayint",   "arrayubyte", "arrayushort",
     "arrayuint", "arrayuint64", "arrayint64", "arrayfloat", "arraydouble"};
-static_assert(std::size(tagTypeNames) == Library::TagType::ArrayDouble);
+static_assert(std::size(tagTypeNames) == Library::TagType::ArrayDouble + 1);
 
-//! The position of name in names from first on, or notFound.
+//! The position of name in names, or 0, for which no name is accepted.
 template<size_t size>
-static int indexOf(const QString &name, const char *const (&names)[size], int first, int notFound,
+static int indexOf(const QString &name, const char *const (&names)[size],
                    Qt::CaseSensitivity caseSensitivity)
 {
-    for (int i = first; i < int(size); ++i) {
+    for (int i = 1; i < int(size); ++i) {
         const QLatin1String candidate(names[i]);
         if (candidate.size() == name.size() && name.compare(candidate, caseSensitivity) == 0)
             return i;
     }
-    return notFound;
+    return 0;
 }
 
 template<size_t size>
@@ -40,8 +41,7 @@ static QString nameAt(int index, const char *const (&names)[size])
 
 Library::FieldType Library::fieldTypeFromString(const QString &name)
 {
-    return indexOf(name, fieldTypeNames, FieldType::String, FieldType::Undefined,
-                   Qt::CaseInsensitive);
+    return indexOf(name, fieldTypeNames, Qt::CaseInsensitive);
 }
 
 QString Library::fieldTypeToString(FieldType type)
@@ -51,12 +51,12 @@ QString Library::fieldTypeToString(FieldType type)
 
 Library::TagType Library::tagTypeFromString(const QString &name)
 {
-    return indexOf(name, tagTypeNames, 0, -1, Qt::CaseSensitive) + 1;
+    return indexOf(name, tagTypeNames, Qt::CaseSensitive);
 }
 
 QString Library::tagTypeToString(TagType type)
 {
-    return nameAt(type - 1, tagTypeNames);
+    return nameAt(type, tagTypeNames);
 }
 
 bool Library::fieldTypeCanBeUsedInARequirementsExpression(FieldType type)

@@ -65,12 +65,6 @@ static QString stringMapToString(const QVariant &value)
     return toCompactJson(array);
 }
 
-static QString colorToString(const QVariant &value)
-{
-    const QColor color = value.value<QColor>();
-    return color.isValid() ? color.name() : QStringLiteral("#000000");
-}
-
 static QString imageToString(const QVariant &value)
 {
     return toCompactJson(
@@ -108,7 +102,8 @@ const TextForm textForms[] = {
     {[](const QString &text) { return QVariant(text == QLatin1String("true")); },
      [](const QVariant &value) { return QVariant(value.toBool()).toString(); }},
     integerForm, // Option
-    {colorFromString, colorToString},
+    {colorFromString,
+     [](const QVariant &value) { return value.value<QColor>().name(); }}, // #000000 if invalid
     {[](const QString &text) {
          return QVariant(WidgetLibraryPluginUtils::fieldFontFromString(text));
      },

@@ -53,7 +53,7 @@ void tst_FieldValues::typeNames()
     for (int type = TagType::Bool; type <= TagType::ArrayDouble; ++type)
         QCOMPARE(int(Library::tagTypeFromString(Library::tagTypeToString(type))), type);
     QCOMPARE(Library::tagTypeToString(TagType::ArrayUInt64), u("arrayuint64"));
-    for (int type : {-1, 0, 24})
+    for (int type : {std::numeric_limits<int>::min(), -1, 0, 24})
         QVERIFY(Library::tagTypeToString(type).isEmpty());
     for (const char *name : {"", "Int", "arraystring"})
         QCOMPARE(int(Library::tagTypeFromString(u(name))), 0);
