@@ -1,5 +1,4 @@
-#ifndef ZPPLUGIN_LOG_DEBUG_H
-#define ZPPLUGIN_LOG_DEBUG_H
+#pragma once
 
 #include <zpplugin_export.h>
 
@@ -39,5 +38,3 @@ private:
 };
 
 } // namespace NARV
-
-#endif

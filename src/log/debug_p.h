@@ -1,5 +1,4 @@
-#ifndef ZPPLUGIN_LOG_DEBUG_P_H
-#define ZPPLUGIN_LOG_DEBUG_P_H
+#pragma once
 
 #include "logrecord_p.h"
 
@@ -29,5 +28,3 @@ private:
 };
 
 } // namespace NARV
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ZPPLUGIN_LOG_LOGDELIVERY_P_H
-#define ZPPLUGIN_LOG_LOGDELIVERY_P_H
+#pragma once
 
 #include "logrecord_p.h"
 
@@ -9,5 +8,3 @@ namespace NARV::INTERNAL {
 void deliver(const LogRecord &record) noexcept;
 
 } // namespace NARV::INTERNAL
-
-#endif

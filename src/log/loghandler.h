@@ -1,5 +1,4 @@
-#ifndef ZPPLUGIN_LOG_LOGHANDLER_H
-#define ZPPLUGIN_LOG_LOGHANDLER_H
+#pragma once
 
 #include <zpplugin_export.h>
 
@@ -70,5 +69,3 @@ ZPPLUGIN_EXPORT void narvUninstallLogMessageHandlerPrivate();
 ZPPLUGIN_EXPORT void narvSetLogMessagePattern(const QString &pattern);
 
 } // namespace NARV
-
-#endif

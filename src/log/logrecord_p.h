@@ -1,5 +1,4 @@
-#ifndef ZPPLUGIN_LOG_LOGRECORD_P_H
-#define ZPPLUGIN_LOG_LOGRECORD_P_H
+#pragma once
 
 #include <QString>
 
@@ -25,5 +24,3 @@ struct LogRecord
 };
 
 } // namespace NARV::INTERNAL
-
-#endif

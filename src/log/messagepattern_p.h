@@ -1,5 +1,4 @@
-#ifndef ZPPLUGIN_LOG_MESSAGEPATTERN_P_H
-#define ZPPLUGIN_LOG_MESSAGEPATTERN_P_H
+#pragma once
 
 #include "logrecord_p.h"
 
@@ -44,5 +43,3 @@ private:
 };
 
 } // namespace NARV::INTERNAL
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ZPPLUGIN_LOG_PROCESSPATTERN_P_H
-#define ZPPLUGIN_LOG_PROCESSPATTERN_P_H
+#pragma once
 
 #include "logrecord_p.h"
 
@@ -10,5 +9,3 @@ namespace NARV::INTERNAL {
 QString formatted(const LogRecord &record);
 
 } // namespace NARV::INTERNAL
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ZPPLUGIN_LOG_THREADOWNED_P_H
-#define ZPPLUGIN_LOG_THREADOWNED_P_H
+#pragma once
 
 namespace NARV::INTERNAL {
 
@@ -21,5 +20,3 @@ T *threadOwned()
 }
 
 } // namespace NARV::INTERNAL
-
-#endif
