@@ -2,6 +2,7 @@
 
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
 
+#include <QJsonObject>
 #include <QVector>
 
 namespace NARV::INTERNAL {

@@ -2,6 +2,7 @@
 
 #include <NARV/INTERNAL/PluginMetaInformation>
 
+class QJsonObject;
 class QJsonValue;
 
 namespace NARV::INTERNAL {

@@ -2,6 +2,8 @@
 
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
 
+#include <QJsonObject>
+
 namespace NARV::INTERNAL {
 
 class MetaDataFaults;
