@@ -7,8 +7,8 @@
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
 
 #include <QColor>
-#include <QHash>
 #include <QJsonArray>
+#include <QMap>
 
 #include <cmath>
 
@@ -46,7 +46,7 @@ static void warnOfInteger(const QJsonObject &object, Key key, WarningList &warni
 static void warnOfNumbers(const QJsonArray &elements, Key key, const char *code,
                           const QString &consequence, MetaDataObject kind, WarningList &warnings)
 {
-    QHash<int, int> firstElements;
+    QMap<int, int> firstElements;
     for (int i = 0; i < elements.size(); ++i) {
         const QJsonObject element = elements.at(i).toObject();
         const WarningList::Step into(warnings, i);

@@ -47,7 +47,8 @@ private:
         int index = -1; //!< of the array's latest element
         QByteArray key; //!< of the object's latest member
         qint64 keyOffset = 0;
-        QHash<QByteArray, qint64> keys; //!< with the offset of the first of each
+        QMap<QByteArray, qint64> keys; //!< with the offset of the first of each; in order, as keys
+                                       //!< can be made to share a hash
     };
 
     qint64 tell() const { return m_base + static_cast<qint64>(m_stream.Tell()); }

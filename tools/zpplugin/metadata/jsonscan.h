@@ -3,7 +3,7 @@
 #include "metadata/valuepath.h"
 
 #include <QByteArray>
-#include <QHash>
+#include <QMap>
 #include <QVector>
 
 namespace ZPPluginTool {
@@ -50,8 +50,8 @@ private:
     struct Place
     {
         int parent = -1;
-        QHash<QByteArray, int> members;
-        QHash<int, int> elements;
+        QMap<QByteArray, int> members;
+        QMap<int, int> elements;
         qint64 keyOffset = 0;
         qint64 valueOffset = 0;
         qint64 visit = -1; //!< when it was found last; an older one than the parent's is void

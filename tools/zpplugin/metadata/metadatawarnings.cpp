@@ -7,8 +7,8 @@
 
 #include <NARV/INTERNAL/PluginMetaInformation>
 
-#include <QHash>
 #include <QJsonArray>
+#include <QMap>
 
 namespace ZPPluginTool {
 
@@ -43,7 +43,7 @@ private:
     void warnOfSameWidget(const QJsonObject &widget, int index);
 
     WarningList &m_warnings;
-    QHash<QPair<QString, QString>, int> m_indices;
+    QMap<QPair<QString, QString>, int> m_indices;
 };
 
 void WidgetWarnings::check(const QJsonObject &widget, int index)

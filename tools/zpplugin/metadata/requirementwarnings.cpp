@@ -5,8 +5,8 @@
 
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
 
-#include <QHash>
 #include <QJsonObject>
+#include <QMap>
 #include <QSet>
 
 namespace ZPPluginTool {
@@ -24,7 +24,7 @@ struct NamedField
     QSet<int> optionIndices;
 };
 
-using NamedFields = QHash<QString, NamedField>;
+using NamedFields = QMap<QString, NamedField>;
 
 bool isTruth(QStringView constant)
 {
