@@ -136,9 +136,11 @@ bool FieldDescriptionReader::isText() const
 
 void FieldDescriptionReader::infoFromMetaDataParseStringFieldIsMultiLanguage()
 {
-    if (isText())
-        m_in.flag(Key("multiLanguage"), MetaDataError::FieldMultiLanguageInvalid,
-                  m_field.isMultiLanguage);
+    static const Key key("multiLanguage");
+    if (!isText() || !m_in.contains(key))
+        return;
+    m_hasDefaultValueRules =
+        m_in.flag(key, MetaDataError::FieldMultiLanguageInvalid, m_field.isMultiLanguage);
 }
 
 //! The value of a field whose description gives none.
@@ -172,7 +174,7 @@ static QVariant neutralValue(Library::FieldType type, bool isMultiLanguage, cons
 
 void FieldDescriptionReader::readDefaultValue()
 {
-    if (m_field.type == FieldType::Undefined)
+    if (m_field.type == FieldType::Undefined || !m_hasDefaultValueRules)
         return;
     const DefaultValueReader read = typeRules(m_field.type).readDefaultValue;
     const bool isGiven = m_in.optional(

@@ -70,6 +70,8 @@ private:
     ObjectReader m_in;
     QSharedDataPointer<FieldMetaInformationData> m_data;
     FieldMetaInformationData &m_field;
+    //! False when "multiLanguage" is malformed: nobody knows what the default value has to be.
+    bool m_hasDefaultValueRules = true;
     bool m_defaultValueIsReported = false;
     QStringList m_requirementsFieldIds;
 };

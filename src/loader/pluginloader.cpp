@@ -101,9 +101,11 @@ QObject *Library::instance(QString &error)
         if (m_loader->load())
             root = m_loader->instance();
     });
+    if (root && m_loader->isLoaded())
+        return root;
     if (error.isNull())
         error = m_loader->errorString();
-    return m_loader->isLoaded() ? root : nullptr;
+    return nullptr;
 }
 
 } // namespace

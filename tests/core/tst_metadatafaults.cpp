@@ -318,7 +318,8 @@ void tst_MetaDataFaults::allProblems()
             {"id":"f","type":"text","display":"","requirements":"g > 1 && f && h"},
             {"id":"g","type":"stringList","display":"","defaultValue":[1,"",2],"private":1},
             {"type":"option","display":"","defaultValue":"1","options":[{"index":1,"option":""}]},
-            {"type":"bool","display":""}]},
+            {"type":"bool","display":""},
+            {"id":"s","type":"string","display":"","multiLanguage":"yes","defaultValue":["a","b"]}]},
         2]}})");
     QStringList paths;
     for (const MetaDataProblem &problem : MetaDataChecker::allProblems(metaData))
@@ -334,10 +335,11 @@ void tst_MetaDataFaults::allProblems()
         u("widgets[0].fields[1].defaultValue[2]"),
         u("widgets[0].fields[1].private"),
         u("widgets[0].fields[2].id"),
-        u("widgets[0].fields[2].defaultValue"), // once
-        u("widgets[0].fields[3].id"),           // two without id are not the same
-        u("widgets[0].fields[0].requirements"), // names g, a list of texts
-        u("widgets[0].fields[0].requirements"), // names h, which is not there
+        u("widgets[0].fields[2].defaultValue"),  // once
+        u("widgets[0].fields[3].id"),            // two without id are not the same
+        u("widgets[0].fields[4].multiLanguage"), // and nothing of its default value
+        u("widgets[0].fields[0].requirements"),  // names g, a list of texts
+        u("widgets[0].fields[0].requirements"),  // names h, which is not there
         u("widgets[1]"),
     };
     QCOMPARE(paths, expected);
