@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QIcon>
+
+class QString;
+
+namespace NARV::DEV {
+
+//! The icon of that name from the bench's own drawings (icons/<name>.svg), in the colours of the
+//! application's palette, which may be light or dark.
+QIcon benchIcon(const QString &name);
+
+} // namespace NARV::DEV
