@@ -461,8 +461,8 @@ void PageView::dragMoveEvent(QDragMoveEvent *event)
 
 void PageView::dropEvent(QDropEvent *event)
 {
-    const QByteArray data = event->mimeData()->data(widgetMimeType());
-    const QStringList parts = QString::fromUtf8(data).split(QLatin1Char('\n'));
+    const QByteArray dropped = event->mimeData()->data(widgetMimeType());
+    const QStringList parts = QString::fromUtf8(dropped).split(QLatin1Char('\n'));
     if (parts.size() != 2 || !m_document.place(parts[0], parts[1], mapToScene(event->pos())))
         return;
     event->acceptProposedAction();

@@ -61,6 +61,11 @@ NARV::WidgetPrivate *PlacedWidget::widget() const
     return m_widget ? WidgetPrivateAccessor::priv(m_widget.get()) : nullptr;
 }
 
+NARV::GraphicsObject *PlacedWidget::item() const
+{
+    return m_item;
+}
+
 QGraphicsObject *PlacedWidget::shownItem() const
 {
     if (m_placeholder)

@@ -62,7 +62,7 @@ public:
     FieldMetaInformation field(const QString &fieldId) const;
     //! The running instance and its item; null for a widget that could not be made.
     NARV::WidgetPrivate *widget() const;
-    NARV::GraphicsObject *item() const { return m_item; }
+    NARV::GraphicsObject *item() const;
     //! The item, or what stands in its place; null only if the widget's code has deleted it.
     QGraphicsObject *shownItem() const;
 
