@@ -69,7 +69,7 @@ void tst_AlarmTable::lives()
     QCOMPARE(states, u(row.states));
 }
 
-static constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+static constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 static const struct
 {
@@ -84,7 +84,8 @@ static const struct
     {"low with hysteresis", {AlarmLimit::Low, 20, 5}, {19, 24, 25, 21}, "2211"},
     {"what is no number passes nothing",
      {AlarmLimit::High, 80, 0},
-     {nan, QVariant(), QStringLiteral("99"), 99, nan, QVariant(), QStringLiteral("1")},
+     {notANumber, QVariant(), QStringLiteral("99"), 99, notANumber, QVariant(),
+      QStringLiteral("1")},
      "1112222"},
     {"infinity", {AlarmLimit::High, 80, 0}, {HUGE_VAL, -HUGE_VAL}, "21"},
     {"bool", {AlarmLimit::High, 0.5, 0}, {true, false}, "21"},

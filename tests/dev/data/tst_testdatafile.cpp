@@ -5,6 +5,7 @@
 
 #include "guardedtest.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
 
