@@ -4,7 +4,8 @@
 
 namespace NARV::DEV {
 
-enum class Theme {
+enum class Theme
+{
     System, //!< as the desktop has it
     Light,
     Dark
