@@ -126,7 +126,9 @@ static QVariant toWhole(const QVariant &value)
         return {};
     number = std::round(number);
     constexpr double twoTo63 = 9223372036854775808.0;
-    if (number >= -twoTo63 && number < twoTo63)
+    // a text that rounds to the least number of 64 bits would have been read above if it were it
+    const bool isTooLow = isText(value) ? number <= -twoTo63 : number < -twoTo63;
+    if (!isTooLow && number < twoTo63)
         return qlonglong(number);
     return number >= twoTo63 && number < 2 * twoTo63 ? QVariant(qulonglong(number))
                                                      : QVariant(number);
