@@ -3,7 +3,7 @@
 #include "output/descriptionprinter.h"
 #include "output/text.h"
 #include "plugin/descriptionjson.h"
-#include "plugin/probe.h"
+#include "plugin/probecommand.h"
 
 #include <NARV/INTERNAL/MetaDataChecker>
 
@@ -51,7 +51,7 @@ static int describe(const CommandLine &line)
     const QString chosen = line.value(languageOption);
     const bool asJson = line.isSet(jsonOption);
     const QString language = chosen.isEmpty() && !asJson ? QString(ownLanguage) : chosen;
-    const ProbeResult result = Probe({line.argument(), language, line.seconds()}).run();
+    const auto result = describePlugin(line.argument(), language, line.seconds());
     QJsonObject description = result.values.value(QLatin1String("description")).toObject();
     if (!result.failure.isEmpty())
         note(QStringLiteral("%1: %2").arg(line.argument(), result.failure));

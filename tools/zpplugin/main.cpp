@@ -4,6 +4,7 @@
 #include "output/terminal.h"
 #include "output/text.h"
 #include "plugin/probecommand.h"
+#include "probe/probeprocess.h"
 
 #include <QCoreApplication>
 
@@ -49,8 +50,8 @@ static int runCommand(const QString &name, const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
-    if (argc > 1 && QLatin1String(argv[1]) == probeCommand)
-        return runProbe(argc, argv);
+    if (argc > 1 && QLatin1String(argv[1]) == NARV::PROBE::probeCommand)
+        return runPluginProbe(argc, argv);
     const QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.isEmpty())

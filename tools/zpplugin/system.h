@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 #include <cstdio>
 
 //! What every operating system does its own way; one source file for each.
@@ -9,19 +7,5 @@ namespace ZPPluginTool {
 
 //! The number of columns of the terminal behind a stream, or 0 if there is none.
 int terminalWidth(FILE *stream);
-
-//! Gives what stands on standard output a stream of its own, and sends to standard error all that
-//! the process and its libraries print on standard output from then on.
-FILE *takeStandardOutput();
-
-//! Keeps a process that runs foreign code from dumping core, from using up the machine's memory,
-//! from surviving the process that started it, and from running longer than that.
-void limitThisProcess(int seconds);
-
-//! How a crashed process ended: "crashed with signal 11 (SIGSEGV)".
-QString crashText(int exitCode);
-
-//! The symbol as the author wrote it, or as it is if it is no C++ symbol.
-QString demangled(const QString &symbol);
 
 } // namespace ZPPluginTool

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/loadfailure.h"
+
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
 
 #include <QObject>
@@ -7,24 +9,22 @@
 
 #include <zpplugin_dev_export.h>
 
+#include <memory>
+
 namespace NARV {
 class WidgetLibraryPlugin;
 }
 
 namespace NARV::DEV {
 
-//! Why a plugin could not be opened, in words for its author.
-struct LoadFailure
-{
-    QString path;        //!< as given
-    QString title;       //!< one line
-    QStringList words;   //!< what the loader, or the process that tried it, has said
-    QString advice;      //!< what to do next
-    bool mayTry = false; //!< it failed in the probe only: openAnyway() loads it in this process
-};
+class LogRelay;
+class PluginSessionPrivate;
 
 //! The one widget library that the bench has open. Loads a copy of the file under a fresh name, so
-//! that the author can build over the original; notices when that happens.
+//! that the author can build over the original; loads anew when that happens.
+//!
+//! While a library is tried in a process of its own, what was open before stays open; it goes when
+//! the outcome is known.
 class ZPPLUGIN_DEV_EXPORT PluginSession : public QObject
 {
     Q_OBJECT
@@ -32,6 +32,16 @@ class ZPPLUGIN_DEV_EXPORT PluginSession : public QObject
 public:
     explicit PluginSession(QObject *parent = nullptr);
     ~PluginSession() override;
+
+    //! The command that tries a library first: a program that calls runPluginProbe() when
+    //! isPluginProbe() says so, and its own arguments. Without a program libraries are not tried.
+    void setProbeCommand(const QString &program, const QStringList &arguments = {},
+                         int timeoutSeconds = 10);
+    //! Where to hear what the loader says, for LoadFailure::words; may be null. Not owned.
+    void setLogRelay(LogRelay *relay);
+    //! Whether a library that was replaced on disk is loaded anew on its own; it is at first.
+    void setAutoReload(bool isOn);
+    bool autoReload() const;
 
     //! Opens a plugin folder or a library file, in place of what is open. False if it failed at
     //! once; the outcome comes as loaded() or failed().
@@ -45,6 +55,8 @@ public:
     //! The path as given to open(); empty if nothing was opened.
     const QString &path() const;
     bool isLoaded() const;
+    //! A library is being tried; loaded() or failed() will come.
+    bool isProbing() const;
     //! Null while nothing is loaded. Valid until aboutToUnload().
     const INTERNAL::WidgetLibraryPluginMetaInformation *library() const;
     NARV::WidgetLibraryPlugin *plugin() const;
@@ -55,6 +67,12 @@ Q_SIGNALS:
     void loaded();
     //! Nothing is loaded now.
     void failed(const NARV::DEV::LoadFailure &failure);
+    void probingChanged();
+    //! close() was called: nothing is open any more.
+    void closed();
+
+private:
+    const std::unique_ptr<PluginSessionPrivate> d;
 };
 
 } // namespace NARV::DEV

@@ -1,11 +1,11 @@
-#include "plugin/libraryfile.h"
+#include "probe/libraryfile.h"
 
 #include <NARV/INTERNAL/PluginPlatform>
 
 #include <QFile>
 #include <QtEndian>
 
-namespace ZPPluginTool {
+namespace NARV::PROBE {
 
 using NARV::INTERNAL::PluginPlatform;
 
@@ -172,4 +172,4 @@ QString LibraryFile::whyNotFor(const PluginPlatform &platform) const
              needed.text());
 }
 
-} // namespace ZPPluginTool
+} // namespace NARV::PROBE

@@ -6,7 +6,7 @@ namespace NARV::INTERNAL {
 struct PluginPlatform;
 }
 
-namespace ZPPluginTool {
+namespace NARV::PROBE {
 
 //! Which system and processor a library is for.
 struct LibraryKind
@@ -32,4 +32,4 @@ struct LibraryFile
     QString whyNotFor(const NARV::INTERNAL::PluginPlatform &platform) const;
 };
 
-} // namespace ZPPluginTool
+} // namespace NARV::PROBE

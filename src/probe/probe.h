@@ -4,22 +4,24 @@
 #include <QObject>
 #include <QProcess>
 #include <QStringList>
+#include <QTimer>
 
-namespace ZPPluginTool {
+namespace NARV::PROBE {
 
 //! What is to be found out about a plugin by loading it.
 struct ProbeRequest
 {
-    QString path;         //!< of its folder or its library
-    QString language;     //!< of its texts, as for descriptionToJson()
-    int seconds = 10;     //!< how long it may take
-    bool inspect = false; //!< run its load functions and look at what it registers
+    QString program;       //!< calls runProbe() if its arguments contain probeCommand
+    QStringList arguments; //!< the program's own, before all others
+    QString path;          //!< of the plugin's folder or its library
+    int seconds = 10;      //!< how long it may take
+    QStringList details;   //!< for the program's own examination
 };
 
 //! What was found out.
 struct ProbeResult
 {
-    //! By the names that the loading process gives them, such as "description". What is missing was
+    //! By the names that the loading process gives them, such as "metaData". What is missing was
     //! not reached.
     QJsonObject values;
     //! Why the plugin could not be loaded, or what it did to the process that loaded it; empty when
@@ -35,28 +37,38 @@ struct ProbeResult
 };
 
 //! Loads a plugin in a process of its own, which the plugin may crash or keep from answering.
+//! Destroying the probe ends that process.
 class Probe : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit Probe(const ProbeRequest &request);
+    explicit Probe(const ProbeRequest &request, QObject *parent = nullptr);
+    ~Probe() override;
 
+    //! Returns at once; the result comes as finished().
+    void start();
     //! Waits for the end of the process, and sees to it when it takes too long.
     ProbeResult run();
 
+Q_SIGNALS:
+    void finished(const NARV::PROBE::ProbeResult &result);
+
 private:
+    void end();
     void readReport();
     void readLog(const QJsonObject &record);
     void readOutput();
     void say(const QString &words);
-    void judge(bool isTimeout);
+    void judge();
     void failToLoad();
     void fail(const char *code, const QString &text);
 
     ProbeRequest m_request;
     ProbeResult m_result;
     QProcess m_process;
+    QTimer m_timer;
+    bool m_isTimeout = false;
 };
 
-} // namespace ZPPluginTool
+} // namespace NARV::PROBE

@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-namespace ZPPluginTool {
+namespace NARV::PROBE {
 
 //! What the process that loads a plugin tells the one that started it: JSON objects, one a line,
 //! each written at once so that nothing is lost when the plugin crashes. May be used by several
@@ -29,4 +29,4 @@ private:
     QMutex m_mutex;
 };
 
-} // namespace ZPPluginTool
+} // namespace NARV::PROBE

@@ -1,9 +1,8 @@
-#include "plugin/probe.h"
+#include "probe/probe.h"
 
-#include "plugin/libraryfile.h"
-#include "plugin/probecommand.h"
-#include "plugin/unresolvedsymbols.h"
-#include "system.h"
+#include "probe/libraryfile.h"
+#include "probe/probeprocess.h"
+#include "probe/process.h"
 
 #include <NARV/INTERNAL/PluginPlatform>
 
@@ -12,51 +11,67 @@
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QTimer>
 
-namespace ZPPluginTool {
+namespace NARV::PROBE {
 
 static const int maxLastWords = 10;
 static const int maxLineLength = 1000;
 
-Probe::Probe(const ProbeRequest &request)
-    : m_request(request)
+Probe::Probe(const ProbeRequest &request, QObject *parent)
+    : QObject(parent)
+    , m_request(request)
 {
-    QStringList arguments{probeCommand, QDir(request.path).absolutePath(), request.language,
-                          QString::number(request.seconds)};
-    if (request.inspect)
-        arguments += QStringLiteral("inspect");
-    m_process.setProgram(QCoreApplication::applicationFilePath());
-    m_process.setArguments(arguments);
+    m_process.setProgram(request.program);
+    m_process.setArguments(request.arguments +
+                           QStringList{probeCommand, QDir(request.path).absolutePath(),
+                                       QString::number(request.seconds)} +
+                           request.details);
     m_process.setStandardInputFile(QProcess::nullDevice());
+    m_timer.setSingleShot(true);
     connect(&m_process, &QProcess::readyReadStandardOutput, this, &Probe::readReport);
     connect(&m_process, &QProcess::readyReadStandardError, this, &Probe::readOutput);
+    connect(&m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            &Probe::end);
+    connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            end();
+    });
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        m_isTimeout = true;
+        m_process.kill();
+    });
+}
+
+Probe::~Probe()
+{
+    m_process.disconnect(this);
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void Probe::start()
+{
+    m_timer.start(m_request.seconds * 1000);
+    m_process.start(QIODevice::ReadOnly);
 }
 
 ProbeResult Probe::run()
 {
     QEventLoop loop;
-    QTimer timer;
-    timer.setSingleShot(true);
-    connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
-    connect(&m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), &loop,
-            &QEventLoop::quit);
-    m_process.start(QIODevice::ReadOnly);
-    if (!m_process.waitForStarted()) {
-        fail("load", QStringLiteral("could not start %1: %2")
-                         .arg(m_process.program(), m_process.errorString()));
-        return m_result;
-    }
-    timer.start(m_request.seconds * 1000);
-    if (m_process.state() != QProcess::NotRunning)
-        loop.exec();
-    const bool isTimeout = m_process.state() != QProcess::NotRunning;
-    m_process.kill();
-    m_process.waitForFinished();
+    connect(this, &Probe::finished, &loop, &QEventLoop::quit);
+    // Not before the loop runs: a process that does not start is an end at once.
+    QTimer::singleShot(0, this, &Probe::start);
+    loop.exec();
+    return m_result;
+}
+
+void Probe::end()
+{
+    m_timer.stop();
     readReport();
     readOutput();
-    judge(isTimeout);
-    return m_result;
+    judge();
+    Q_EMIT finished(m_result);
 }
 
 void Probe::readReport()
@@ -100,13 +115,16 @@ void Probe::say(const QString &words)
         m_result.lastWords.removeFirst();
 }
 
-void Probe::judge(bool isTimeout)
+void Probe::judge()
 {
     const QString stage =
         m_result.values.value(QLatin1String("stage")).toString(QStringLiteral("starting"));
     const bool isFinished = m_result.values.contains(QLatin1String("isFinished"));
-    const bool isLoaded = m_result.values.contains(QLatin1String("description"));
-    if (isTimeout)
+    const bool isLoaded = m_result.values.contains(QLatin1String("loadingTimeMs"));
+    if (m_process.error() == QProcess::FailedToStart)
+        fail("load", QStringLiteral("could not start %1: %2")
+                         .arg(m_process.program(), m_process.errorString()));
+    else if (m_isTimeout)
         fail("timeout", QStringLiteral("did not answer within %1 s while %2")
                             .arg(QString::number(m_request.seconds), stage));
     else if (m_process.exitStatus() == QProcess::CrashExit)
@@ -135,7 +153,7 @@ void Probe::failToLoad()
                         .arg(QDir(m_request.path).relativeFilePath(library.filePath())));
     // The header of the file says more than the loader can, if it is to blame.
     const QString fault =
-        LibraryFile::read(library.filePath()).whyNotFor(NARV::INTERNAL::PluginPlatform::running());
+        LibraryFile::read(library.filePath()).whyNotFor(INTERNAL::PluginPlatform::running());
     if (!fault.isEmpty())
         return fail("architecture", fault);
     error.remove(0, start.size());
@@ -148,4 +166,4 @@ void Probe::fail(const char *code, const QString &text)
     m_result.failure = text;
 }
 
-} // namespace ZPPluginTool
+} // namespace NARV::PROBE

@@ -1,12 +1,12 @@
-#include "plugin/probereport.h"
+#include "probe/probereport.h"
 
-#include "system.h"
+#include "probe/process.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMutexLocker>
 
-namespace ZPPluginTool {
+namespace NARV::PROBE {
 
 ProbeReport::ProbeReport()
     : m_stream(takeStandardOutput())
@@ -32,4 +32,4 @@ void ProbeReport::log(int type, const QString &, const QString &message, void *r
     static_cast<ProbeReport *>(report)->value(QStringLiteral("log"), record);
 }
 
-} // namespace ZPPluginTool
+} // namespace NARV::PROBE
