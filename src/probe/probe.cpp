@@ -122,8 +122,8 @@ void Probe::judge()
     const bool isFinished = m_result.values.contains(QLatin1String("isFinished"));
     const bool isLoaded = m_result.values.contains(QLatin1String("loadingTimeMs"));
     if (m_process.error() == QProcess::FailedToStart)
-        fail("load", QStringLiteral("could not start %1: %2")
-                         .arg(m_process.program(), m_process.errorString()));
+        fail("start", QStringLiteral("could not start %1: %2")
+                          .arg(m_process.program(), m_process.errorString()));
     else if (m_isTimeout)
         fail("timeout", QStringLiteral("did not answer within %1 s while %2")
                             .arg(QString::number(m_request.seconds), stage));

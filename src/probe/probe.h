@@ -27,8 +27,9 @@ struct ProbeResult
     //! Why the plugin could not be loaded, or what it did to the process that loaded it; empty when
     //! all went well.
     QString failure;
-    //! The kind of failure: "load", "crash", "timeout", "architecture" for a file that this machine
-    //! can not load, or "platform" for a folder without a library for this machine.
+    //! The kind of failure: "start" for no process, "load", "crash", "timeout", "architecture" for
+    //! a file that this machine can not load, or "platform" for a folder without a library for this
+    //! machine.
     QString failureCode;
     //! The errors in the log, without the one that is the failure.
     QStringList errors;

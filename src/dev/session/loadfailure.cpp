@@ -85,7 +85,6 @@ LoadFailure LoadFailure::of(Kind kind, const QString &path, const QString &title
     failure.path = path;
     failure.title = title;
     failure.words = words;
-    failure.mayTry = kind == Kind::Crash || kind == Kind::Hang;
     for (const auto &entry : advices) {
         if (entry.kind == kind)
             failure.advice = QCoreApplication::translate("NARV::DEV::LoadFailure", entry.advice);

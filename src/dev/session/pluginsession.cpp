@@ -7,11 +7,13 @@
 #include "session/librarywatch.h"
 #include "session/plugincopy.h"
 
+#include <NARV/INTERNAL/MetaDataChecker>
 #include <NARV/INTERNAL/PluginLoader>
 #include <NARV/INTERNAL/PluginPlatform>
 #include <NARV/INTERNAL/WidgetLibraryPluginData>
 #include <NARV/INTERNAL/WidgetLibraryPluginUtils>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QPluginLoader>
 #include <QPointer>
@@ -19,9 +21,10 @@
 namespace NARV::DEV {
 
 using INTERNAL::PluginLoader;
-using INTERNAL::WidgetLibraryPluginMetaInformation;
 using INTERNAL::WidgetLibraryPluginUtils;
 using Kind = LoadFailure::Kind;
+
+static const int maxProblems = 20; //!< of the description, that are shown
 
 class PluginSessionPrivate
 {
@@ -105,14 +108,16 @@ LoadFailure PluginSessionPrivate::unfitMetaData(const QString &libraryPath) cons
     if (library.metaData().isEmpty())
         return LoadFailure::of(Kind::NoPlugin, path, tr("The library is no plugin"),
                                {library.errorString()});
-    WidgetLibraryPluginMetaInformation info;
-    const int code =
-        WidgetLibraryPluginUtils::metaInformationFromMetaData(library.metaData(), info);
-    if (code == 0)
+    QStringList words;
+    for (const auto &problem : INTERNAL::MetaDataChecker::allProblems(library.metaData())) {
+        const QLatin1String text(WidgetLibraryPluginUtils::errorToString(problem.code));
+        words += tr("%1: error %2, %3").arg(problem.path, QString::number(problem.code), text);
+        if (words.size() == maxProblems)
+            break;
+    }
+    if (words.isEmpty())
         return {};
-    const QLatin1String text(WidgetLibraryPluginUtils::errorToString(code));
-    return LoadFailure::of(Kind::MetaData, path, tr("The plugin's description has a fault"),
-                           {tr("Error %1: %2").arg(QString::number(code), text)});
+    return LoadFailure::of(Kind::MetaData, path, tr("The plugin's description has a fault"), words);
 }
 
 void PluginSessionPrivate::probe(const PluginFile &file, const QString &copy)
@@ -135,20 +140,19 @@ void PluginSessionPrivate::judge(const PluginFile &file, const QString &copy,
         load(file, copy);
         return;
     }
-    QStringList words{result.failure};
-    for (const QString &line : result.errors + result.lastWords)
+    QStringList words;
+    for (const QString &line : QStringList(result.failure) + result.errors + result.lastWords)
         words += PROBE::demangledText(copies.asOriginal(file, line));
     static const QMap<QString, QPair<Kind, QString>> kinds{
+        {QStringLiteral("start"), {Kind::Other, tr("The plugin could not be tried")}},
         {QStringLiteral("crash"), {Kind::Crash, tr("The plugin crashed when it was tried")}},
         {QStringLiteral("timeout"), {Kind::Hang, tr("The plugin hung when it was tried")}},
     };
-    const auto known =
+    const auto [kind, title] =
         kinds.value(result.failureCode, {Kind::Other, tr("The plugin could not be loaded")});
-    LoadFailure failure = LoadFailure::of(known.first, path, known.second, words);
     const Kind told = LoadFailure::kindOf(words);
-    if (told != Kind::Other)
-        failure = LoadFailure::of(told, path, known.second, words);
-    failure.mayTry = true;
+    LoadFailure failure = LoadFailure::of(told == Kind::Other ? kind : told, path, title, words);
+    failure.mayTry = kinds.contains(result.failureCode);
     fail(failure);
 }
 
