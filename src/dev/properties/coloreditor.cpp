@@ -30,7 +30,8 @@ ColorEditor::ColorEditor(QWidget *parent)
     setFocusProxy(m_text);
     connect(m_text, &QLineEdit::textEdited, this, [this] { setModified(true); });
     connect(m_text, &QLineEdit::textChanged, m_button, [this] {
-        m_button->setIcon(valueDecoration(value(), {FieldType::Color, {}, {}, {}}).value<QPixmap>());
+        m_button->setIcon(
+            valueDecoration(value(), {FieldType::Color, {}, {}, {}}).value<QPixmap>());
     });
     connect(m_button, &QToolButton::clicked, this, &ColorEditor::openDialog);
 }

@@ -115,8 +115,8 @@ QString noteOnJoiner(const QVector<Condition> &conditions)
 {
     if (conditions.size() < 2)
         return {};
-    const QString joiner = conditions.last().isJoinedWithAnd ? QStringLiteral("&")
-                                                             : QStringLiteral("|");
+    const QString joiner =
+        conditions.last().isJoinedWithAnd ? QStringLiteral("&") : QStringLiteral("|");
     return translated(" (the last of the conditions joined by \"%1\" decides)").arg(joiner);
 }
 

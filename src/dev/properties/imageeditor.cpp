@@ -58,8 +58,8 @@ void ImageEditor::openDialog()
         m_dialog = new QFileDialog(this, tr("Choose an image"));
         m_dialog->setFileMode(QFileDialog::ExistingFile);
         m_dialog->setModal(false);
-        m_dialog->setNameFilters({tr("Images (%1)").arg(imagePatterns().join(QLatin1Char(' '))),
-                                  tr("All files (*)")});
+        m_dialog->setNameFilters(
+            {tr("Images (%1)").arg(imagePatterns().join(QLatin1Char(' '))), tr("All files (*)")});
         connect(m_dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
             setValue(path);
             take();

@@ -14,7 +14,7 @@ class LinesEditor : public PropertyEditor
 public:
     enum class Enter
     {
-        Finishes, //!< Shift+Enter begins a new line
+        Finishes,   //!< Shift+Enter begins a new line
         BeginsALine //!< Ctrl+Enter finishes
     };
 

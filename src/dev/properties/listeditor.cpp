@@ -21,7 +21,8 @@ QString ListEditor::unescaped(const QString &line)
     QString text;
     for (int i = 0; i < line.size(); ++i) {
         const QChar next = i + 1 < line.size() ? line[i + 1] : QChar();
-        const bool isEscape = line[i] == backslash && (next == backslash || next == QLatin1Char('n'));
+        const bool isEscape =
+            line[i] == backslash && (next == backslash || next == QLatin1Char('n'));
         if (isEscape)
             ++i;
         text += isEscape && next == QLatin1Char('n') ? QLatin1Char('\n') : line[i];

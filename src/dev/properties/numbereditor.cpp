@@ -14,8 +14,8 @@ class NumberBox : public QAbstractSpinBox
     Q_OBJECT
 
 public:
-    using QAbstractSpinBox::QAbstractSpinBox;
     using QAbstractSpinBox::lineEdit;
+    using QAbstractSpinBox::QAbstractSpinBox;
 
     void stepBy(int steps) override { Q_EMIT stepped(steps); }
 

@@ -258,8 +258,7 @@ QVariant PropertyModel::rowData(const PropertyItem &item, int role) const
     case EntryRole:
         return isEntry(item);
     case EntriesRole:
-        return isEntry(item) ||
-               (item.isField() && hasTextEntries(propertyValue(item, m_source)));
+        return isEntry(item) || (item.isField() && hasTextEntries(propertyValue(item, m_source)));
     default:
         return {};
     }
@@ -378,10 +377,10 @@ QVariant PropertyModel::checked(const PropertyItem &item, const QVariant &value)
     const ValueSpec &spec = item.part.spec;
     if (spec.type != FieldType::Integer && spec.type != FieldType::Double)
         return value;
-    const QVariant taken =
-        item.isPart() ? clamped(value, spec)
-                      : INTERNAL::WidgetLibraryPluginUtils::fieldValueCheckBeforeSet(
-                            spec.type, value, item.valueId, m_source.description());
+    const QVariant taken = item.isPart()
+                               ? clamped(value, spec)
+                               : INTERNAL::WidgetLibraryPluginUtils::fieldValueCheckBeforeSet(
+                                     spec.type, value, item.valueId, m_source.description());
     if (taken.toDouble() < value.toDouble())
         Q_EMIT notice(tr("%1 is above the maximum: set to %2.")
                           .arg(valueText(value, spec), valueText(taken, spec)));

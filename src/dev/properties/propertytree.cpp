@@ -112,8 +112,8 @@ static ValuePart fieldRow(const FieldMetaInformation &field, const QString &lang
 
 static ValuePart fontRow(const FieldMetaInformation &field, const QString &language)
 {
-    const QString name =
-        translated(QT_TRANSLATE_NOOP("PropertyTree", "%1: font")).arg(field.display().get(language, true));
+    const QString name = translated(QT_TRANSLATE_NOOP("PropertyTree", "%1: font"))
+                             .arg(field.display().get(language, true));
     return {name, {FieldType::Font, {}, {}, {}}, nullptr, nullptr};
 }
 

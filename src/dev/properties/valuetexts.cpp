@@ -202,7 +202,8 @@ QString fieldToolTip(const FieldMetaInformation &field, const ValueSpec &spec,
     using Library = INTERNAL::WidgetLibraryPluginMetaInformation;
     const QString label = field.display().get(language, true).toHtmlEscaped();
     const QString flags =
-        (field.readOnly() ? translated(QT_TRANSLATE_NOOP("ValueTexts", ", read-only")) : QString()) +
+        (field.readOnly() ? translated(QT_TRANSLATE_NOOP("ValueTexts", ", read-only"))
+                          : QString()) +
         (field.isPrivate() ? translated(QT_TRANSLATE_NOOP("ValueTexts", ", private")) : QString());
     return QStringLiteral("<b>%1</b> (%2%3)")
                .arg(label, Library::fieldTypeToString(field.type()), flags) +
