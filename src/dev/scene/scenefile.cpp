@@ -1,5 +1,6 @@
 #include "scene/scenefile.h"
 
+#include "data/jsonreader.h"
 #include "scene/authoredvalue.h"
 #include "scene/jsonposition.h"
 
@@ -16,7 +17,7 @@ namespace NARV::DEV {
 
 using Key = QLatin1String;
 
-static const Key formatName("zpplugin-bench-scene");
+static const char formatName[] = "zpplugin-bench-page";
 static const int formatVersion = 1;
 //! Larger values are no sensible geometry and only make trouble.
 static const double largestLength = 1e6;
@@ -26,119 +27,50 @@ static QString tr(const char *text)
     return QCoreApplication::translate("NARV::DEV::SceneFile", text);
 }
 
-namespace {
-
-//! Takes typed members out of a JSON object. The first fault stays, with its path.
-class SceneReader
+static bool isLength(const QJsonValue &value)
 {
-public:
-    SceneReader(const QJsonObject &object, const QString &path, QString &faultPath, QString &fault)
-        : m_object(object)
-        , m_path(path)
-        , m_faultPath(faultPath)
-        , m_fault(fault)
-    {
-    }
+    return value.isDouble() && std::abs(value.toDouble()) <= largestLength;
+}
 
-    bool hasFault() const { return !m_fault.isEmpty(); }
-    QString path(const QString &key) const
-    {
-        return m_path.isEmpty() ? key : m_path + QLatin1Char('.') + key;
-    }
+static void readPair(JsonReader &in, const char *key, double &a, double &b, double minimum)
+{
+    in.need(key).value(key, [&](const QJsonValue &value) {
+        const QJsonArray array = value.toArray();
+        const bool isPair = array.size() == 2 && isLength(array[0]) && isLength(array[1]);
+        a = array.at(0).toDouble();
+        b = array.at(1).toDouble();
+        return isPair && a >= minimum && b >= minimum
+                   ? QString()
+                   : tr("two numbers from %1 to %2 are needed").arg(minimum).arg(largestLength);
+    });
+}
 
-    void fail(const QString &key, const QString &fault)
-    {
-        if (hasFault())
-            return;
-        m_faultPath = path(key);
-        m_fault = fault;
-    }
+static QSizeF readSize(JsonReader &in, double minimum)
+{
+    double width = 0, height = 0;
+    readPair(in, "size", width, height, minimum);
+    return {width, height};
+}
 
-    QString text(const QString &key)
-    {
-        const QJsonValue value = m_object.value(key);
-        if (!value.isString() || value.toString().isEmpty())
-            fail(key, tr("expected a text"));
-        return value.toString();
-    }
+//! A text that must be there and not be empty.
+static QString readText(JsonReader &in, const char *key)
+{
+    QString text;
+    in.need(key).text(key, text);
+    if (in.isGood() && text.isEmpty())
+        in.fail(key, tr("is empty"));
+    return text;
+}
 
-    double number(const QString &key, double missing)
-    {
-        const QJsonValue value = m_object.value(key);
-        if (!value.isUndefined() && !isLength(value))
-            fail(key, tr("expected a number"));
-        return value.toDouble(missing);
-    }
-
-    bool flag(const QString &key)
-    {
-        const QJsonValue value = m_object.value(key);
-        if (!value.isUndefined() && !value.isBool())
-            fail(key, tr("expected true or false"));
-        return value.toBool();
-    }
-
-    QPointF pair(const QString &key)
-    {
-        const QJsonArray array = m_object.value(key).toArray();
-        if (array.size() != 2 || !isLength(array[0]) || !isLength(array[1]))
-            fail(key, tr("expected two numbers"));
-        return {array.at(0).toDouble(), array.at(1).toDouble()};
-    }
-
-    QSizeF size(const QString &key)
-    {
-        const QPointF size = pair(key);
-        if (size.x() < 0 || size.y() < 0)
-            fail(key, tr("expected two numbers, none below zero"));
-        return {size.x(), size.y()};
-    }
-
-    QColor color(const QString &key)
-    {
-        const QColor color(text(key));
-        if (!color.isValid())
-            fail(key, tr("expected a colour such as \"#fff3f4f6\""));
-        return color;
-    }
-
-    //! The object under key; an empty one if there is none.
-    QJsonObject object(const QString &key)
-    {
-        const QJsonValue value = m_object.value(key);
-        if (!value.isUndefined() && !value.isObject())
-            fail(key, tr("expected an object"));
-        return value.toObject();
-    }
-
-    template<typename ReadElement>
-    void eachObject(const QString &key, ReadElement readElement)
-    {
-        if (!m_object.value(key).isArray())
-            fail(key, tr("expected a list"));
-        const QJsonArray array = m_object.value(key).toArray();
-        for (int i = 0; i < array.size() && !hasFault(); ++i) {
-            const QString place = QStringLiteral("%1[%2]").arg(key).arg(i);
-            if (!array[i].isObject())
-                fail(place, tr("expected an object"));
-            SceneReader element(array[i].toObject(), path(place), m_faultPath, m_fault);
-            readElement(element);
-        }
-    }
-
-private:
-    static bool isLength(const QJsonValue &value)
-    {
-        return value.isDouble() && std::abs(value.toDouble()) <= largestLength;
-    }
-
-    QJsonObject m_object;
-    QString m_path;
-    QString &m_faultPath;
-    QString &m_fault;
-};
-
-} // namespace
+static QJsonObject readMembers(JsonReader &in, const char *key)
+{
+    QJsonObject object;
+    in.value(key, [&](const QJsonValue &value) {
+        object = value.toObject();
+        return value.isObject() ? QString() : JsonReader::isNo("an object");
+    });
+    return object;
+}
 
 static QJsonArray pairJson(double a, double b)
 {
@@ -170,22 +102,22 @@ static QJsonObject widgetJson(const WidgetState &state)
 }
 
 // The values stay JSON until the page knows the fields of the widget.
-static WidgetState readWidget(SceneReader &in)
+static WidgetState readWidget(JsonReader &in)
 {
     WidgetState state;
-    state.name = in.text(Key("name"));
-    state.widgetId = in.text(Key("widget"));
-    state.version = in.text(Key("version"));
-    state.position = in.pair(Key("position"));
-    state.size = in.size(Key("size"));
-    state.rotation = in.number(Key("rotation"), 0);
-    const QJsonObject fields = in.object(Key("fields"));
+    state.name = readText(in, "name");
+    state.widgetId = readText(in, "widget");
+    state.version = readText(in, "version");
+    readPair(in, "position", state.position.rx(), state.position.ry(), -largestLength);
+    state.size = readSize(in, 0);
+    in.number("rotation", state.rotation);
+    const QJsonObject fields = readMembers(in, "fields");
     for (auto it = fields.begin(); it != fields.end(); ++it)
         state.values.insert(it.key(), QVariant(it.value()));
-    const QJsonObject bindings = in.object(Key("bindings"));
+    const QJsonObject bindings = readMembers(in, "bindings");
     for (auto it = bindings.begin(); it != bindings.end(); ++it) {
         if (!it.value().isString())
-            in.fail(QLatin1String("bindings.") + it.key(), tr("expected a text"));
+            in.fail("bindings", tr("\"%1\" is no text").arg(it.key()));
         state.bindings.insert(it.key(), it.value().toString());
     }
     return state;
@@ -199,42 +131,45 @@ static QJsonArray widgetsJson(const QList<WidgetState> &widgets)
     return array;
 }
 
-static QList<WidgetState> readWidgets(SceneReader &in)
+static QList<WidgetState> readWidgets(JsonReader &in)
 {
     QList<WidgetState> widgets;
     QSet<QString> names;
-    in.eachObject(Key("widgets"), [&](SceneReader &element) {
+    in.need("widgets").objects("widgets", [&](JsonReader &element) {
         widgets += readWidget(element);
         const QString &name = widgets.last().name;
-        if (names.contains(name))
-            element.fail(Key("name"), tr("another widget has the same name"));
+        if (element.isGood() && names.contains(name))
+            element.fail("name", tr("another widget is called \"%1\"").arg(name));
         names += name;
     });
     return widgets;
 }
 
-static Page readPage(SceneReader in)
+static Page readPage(JsonReader &in)
 {
     Page page;
-    page.size = in.size(Key("size"));
-    if (page.size.isEmpty())
-        in.fail(Key("size"), tr("expected two numbers above zero"));
-    page.background = in.color(Key("background"));
-    page.checkerboard = in.flag(Key("checkerboard"));
+    page.size = readSize(in, 1);
+    in.flag("checkerboard", page.checkerboard);
+    in.need("background").value("background", [&](const QJsonValue &value) {
+        page.background = QColor(value.toString());
+        return page.background.isValid() ? QString()
+                                         : tr("a colour such as \"#fff3f4f6\" is needed");
+    });
     return page;
 }
 
-static Scene readScene(SceneReader &in, QString &faultPath, QString &fault)
+static Scene readScene(JsonReader &in)
 {
     Scene scene;
-    if (in.text(Key("format")) != formatName)
-        in.fail(Key("format"), tr("this is no scene of the test bench"));
-    if (in.number(Key("version"), 0) != formatVersion)
-        in.fail(Key("version"), tr("written by another version of the test bench"));
-    scene.pluginId = in.text(Key("plugin"));
-    scene.page = readPage({in.object(Key("page")), Key("page"), faultPath, fault});
+    int version = 0;
+    if (readText(in, "format") != Key(formatName))
+        in.fail("format", tr("is not \"%1\"").arg(Key(formatName)));
+    in.need("version").whole("version", version, formatVersion, formatVersion);
+    in.text("plugin", scene.pluginId);
+    in.need("page").object("page", [&](JsonReader &page) { scene.page = readPage(page); });
     scene.widgets = readWidgets(in);
-    scene.testData = in.object(Key("data"));
+    scene.testData = readMembers(in, "data");
+    in.finish();
     return scene;
 }
 
@@ -246,7 +181,7 @@ QByteArray SceneFile::toText(const Scene &scene)
         {Key("checkerboard"), scene.page.checkerboard},
     };
     const QJsonObject root{
-        {Key("format"), formatName},
+        {Key("format"), Key(formatName)},
         {Key("version"), formatVersion},
         {Key("plugin"), scene.pluginId},
         {Key("page"), page},
@@ -256,37 +191,37 @@ QByteArray SceneFile::toText(const Scene &scene)
     return QJsonDocument(root).toJson();
 }
 
-//! Parses a text with an object at its root.
-static bool parse(const QByteArray &text, QJsonObject &root, QString &problem)
+QString SceneFile::withPosition(const QByteArray &text, const QString &problem)
+{
+    const QString path = problem.section(QLatin1String(": "), 0, 0);
+    return lineAndColumn(text, jsonOffset(text, path)) + QLatin1String(": ") + problem;
+}
+
+//! Reads the object that the text is with read(reader).
+template<typename Read>
+static bool readText(const QByteArray &text, QString &problem, Read read)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
-    root = document.object();
-    if (document.isNull())
-        problem = lineAndColumn(text, error.offset) + QLatin1String(": ") + error.errorString();
-    else if (!document.isObject())
-        problem = lineAndColumn(text, 0) + QLatin1String(": ") + tr("expected an object");
-    return document.isObject();
-}
-
-QString SceneFile::withPosition(const QByteArray &text, const QString &path, const QString &problem)
-{
-    return QStringLiteral("%1: %2: %3")
-        .arg(lineAndColumn(text, jsonOffset(text, path)), path, problem);
+    if (!document.isObject()) {
+        problem = lineAndColumn(text, error.offset) + QLatin1String(": ") +
+                  (document.isNull() ? error.errorString() : tr("an object is needed"));
+        return false;
+    }
+    QString fault;
+    JsonReader in(document.object(), fault);
+    read(in);
+    if (fault.isEmpty())
+        return true;
+    problem = SceneFile::withPosition(text, fault);
+    return false;
 }
 
 bool SceneFile::fromText(const QByteArray &text, Scene &scene, QString &problem)
 {
-    QJsonObject root;
-    if (!parse(text, root, problem))
+    Scene read;
+    if (!readText(text, problem, [&](JsonReader &in) { read = readScene(in); }))
         return false;
-    QString path, fault;
-    SceneReader in(root, {}, path, fault);
-    const Scene read = readScene(in, path, fault);
-    if (in.hasFault()) {
-        problem = withPosition(text, path, fault);
-        return false;
-    }
     scene = read;
     return true;
 }
@@ -303,19 +238,6 @@ bool SceneFile::save(const QString &path, const Scene &scene, QString &problem)
     return false;
 }
 
-bool SceneFile::load(const QString &path, Scene &scene, QString &problem)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        problem = QStringLiteral("%1: %2").arg(path, file.errorString());
-        return false;
-    }
-    if (fromText(file.readAll(), scene, problem))
-        return true;
-    problem = path + QLatin1Char(':') + problem;
-    return false;
-}
-
 QByteArray SceneFile::widgetsToText(const QList<WidgetState> &widgets)
 {
     return QJsonDocument(QJsonObject{{Key("widgets"), widgetsJson(widgets)}}).toJson();
@@ -324,16 +246,9 @@ QByteArray SceneFile::widgetsToText(const QList<WidgetState> &widgets)
 bool SceneFile::widgetsFromText(const QByteArray &text, QList<WidgetState> &widgets,
                                 QString &problem)
 {
-    QJsonObject root;
-    if (!parse(text, root, problem))
+    QList<WidgetState> read;
+    if (!readText(text, problem, [&](JsonReader &in) { read = readWidgets(in); }))
         return false;
-    QString path, fault;
-    SceneReader in(root, {}, path, fault);
-    const QList<WidgetState> read = readWidgets(in);
-    if (in.hasFault()) {
-        problem = withPosition(text, path, fault);
-        return false;
-    }
     widgets = read;
     return true;
 }

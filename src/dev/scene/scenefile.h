@@ -26,17 +26,15 @@ public:
     //! The text of a scene file: indented JSON.
     static QByteArray toText(const Scene &scene);
     //! False, with a reason that begins with line and column, such as
-    //! "12:9: widgets[3].size: expected two numbers", if the text is no scene.
+    //! "12:9: widgets[3].size: two numbers are needed", if the text is no scene.
     static bool fromText(const QByteArray &text, Scene &scene, QString &problem);
-    //! Puts the place of the value with that path, such as "data.tags[3].name", before a problem.
-    static QString withPosition(const QByteArray &text, const QString &path,
-                                const QString &problem);
+    //! Puts line and column before a problem that begins with the path of a value, such as
+    //! "data.tags[3].name: is empty".
+    static QString withPosition(const QByteArray &text, const QString &problem);
 
     //! Replaces the file in one step. False with a reason if that failed; the file is then as it
     //! was.
     static bool save(const QString &path, const Scene &scene, QString &problem);
-    //! False, with a reason that names the file.
-    static bool load(const QString &path, Scene &scene, QString &problem);
 
     //! Widgets alone, as the clipboard holds them.
     static QByteArray widgetsToText(const QList<WidgetState> &widgets);

@@ -40,6 +40,7 @@ SceneKeeper::~SceneKeeper()
 void SceneKeeper::setPath(const QString &path)
 {
     m_path = path;
+    m_document.testData().setBaseFolder(QFileInfo(path).absolutePath());
     keepUnsaved();
     Q_EMIT pathChanged();
 }
@@ -59,8 +60,7 @@ Scene SceneKeeper::scene() const
 bool SceneKeeper::show(const Scene &scene, const QByteArray &text, QString &problem)
 {
     if (!m_document.testData().fromJson(scene.testData, problem)) {
-        const QString path = QLatin1String("data.") + problem.section(QLatin1String(": "), 0, 0);
-        problem = SceneFile::withPosition(text, path, problem.section(QLatin1String(": "), 1));
+        problem = SceneFile::withPosition(text, QLatin1String("data.") + problem);
         return false;
     }
     m_document.reset(scene.page, scene.widgets);
@@ -91,7 +91,9 @@ bool SceneKeeper::open(const QString &path, QString &problem)
 {
     QByteArray text;
     Scene scene;
-    if (!readScene(path, text, scene, problem) || !show(scene, text, problem)) {
+    const bool isRead = readScene(path, text, scene, problem);
+    m_document.testData().setBaseFolder(QFileInfo(path).absolutePath());
+    if (!isRead || !show(scene, text, problem)) {
         problem = path + QLatin1Char(':') + problem;
         return false;
     }
