@@ -1,12 +1,12 @@
 #pragma once
 
 #include "properties/propertysource.h"
+#include "scene/placedwidget.h"
 
 #include <QPointer>
 
 namespace NARV::DEV {
 
-class PlacedWidget;
 class SceneDocument;
 
 //! The current widget of a page. Writes go over the undo stack of the page.
