@@ -45,7 +45,7 @@ PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
     m_view = new PropertyView(m_model, m_filter, this);
     auto *tree = new QWidget(this);
     auto *layout = new QVBoxLayout(tree);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(4);
     layout->addWidget(m_name);
     layout->addWidget(m_kind);

@@ -137,7 +137,7 @@ public:
     }
 
     void addGeometry();
-    void addFields(const QMap<QString, FieldMetaInformation> &fields, bool showPrivate);
+    void addFields(bool showPrivate);
 
 private:
     PropertyItem &addValue(PropertyItem &parent, const QString &id, const ValuePart &row,
@@ -176,18 +176,33 @@ void TreeBuilder::addField(PropertyItem &group, const FieldMetaInformation &fiel
         entry.rows += &addValue(group, fontId(field.id()), fontRow(field, language), field);
 }
 
-void TreeBuilder::addFields(const QMap<QString, FieldMetaInformation> &fields, bool showPrivate)
+using FieldsByGroup = QMap<QString, QVector<FieldMetaInformation>>;
+
+//! By the name of the group, and by label within.
+FieldsByGroup fieldsByGroup(const PropertySource &source, bool showPrivate)
 {
-    const QString language = m_source.language();
-    QMap<QString, QVector<FieldMetaInformation>> byGroup;
-    for (const FieldMetaInformation &field : fields) {
+    const QString language = source.language();
+    const auto isBefore = [&](const FieldMetaInformation &a, const FieldMetaInformation &b) {
+        return a.display().get(language, true).localeAwareCompare(b.display().get(language, true)) <
+               0;
+    };
+    FieldsByGroup groups;
+    for (const FieldMetaInformation &field : source.description().fields()) {
         const QString name = field.group().get(language, true);
         const QString fallback = translated(QT_TRANSLATE_NOOP("PropertyTree", "General"));
         if (showPrivate || !field.isPrivate())
-            byGroup[name.isEmpty() ? fallback : name] += field;
+            groups[name.isEmpty() ? fallback : name] += field;
     }
+    for (QVector<FieldMetaInformation> &fields : groups)
+        std::stable_sort(fields.begin(), fields.end(), isBefore);
+    return groups;
+}
+
+void TreeBuilder::addFields(bool showPrivate)
+{
+    const FieldsByGroup fields = fieldsByGroup(m_source, showPrivate);
     QMap<QString, FieldRequirements::Group> groups;
-    for (auto it = byGroup.cbegin(); it != byGroup.cend(); ++it) {
+    for (auto it = fields.cbegin(); it != fields.cend(); ++it) {
         PropertyItem &group = m_tree.root->add({it.key(), {}, nullptr, nullptr});
         for (const FieldMetaInformation &field : *it)
             addField(group, field);
@@ -206,7 +221,7 @@ PropertyTree::PropertyTree(const PropertySource &source, bool showPrivate)
         return;
     TreeBuilder builder(*this, source);
     builder.addGeometry();
-    builder.addFields(source.description().fields(), showPrivate);
+    builder.addFields(showPrivate);
 }
 
 } // namespace NARV::DEV

@@ -23,7 +23,7 @@ PropertyView::PropertyView(PropertyModel &model, PropertyFilter &filter, QWidget
     setObjectName(QStringLiteral("propertyTree"));
     setAccessibleName(tr("Fields of the widget"));
     setUniformRowHeights(true);
-    setIndentation(14);
+    setIndentation(11);
     setSelectionBehavior(SelectRows);
     setEditTriggers(EditKeyPressed | AnyKeyPressed | DoubleClicked | SelectedClicked);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -239,7 +239,7 @@ void PropertyView::drawRow(QPainter *painter, const QStyleOptionViewItem &option
 // The name gets a good half of what the narrow last column leaves.
 void PropertyView::resizeEvent(QResizeEvent *event)
 {
-    const int tagWidth = fontMetrics().height() + 14;
+    const int tagWidth = fontMetrics().height() + 10;
     header()->resizeSection(PropertyModel::TagColumn, tagWidth);
     if (event->oldSize().width() != event->size().width())
         header()->resizeSection(PropertyModel::NameColumn,
@@ -277,6 +277,7 @@ void PropertyView::restoreExpansion(const QModelIndex &parent)
     m_isRestoring = true;
     for (int row = 0; row < m_filter.rowCount(parent); ++row) {
         const QModelIndex index = m_filter.index(row, 0, parent);
+        setFirstColumnSpanned(row, parent, index.data(PropertyModel::GroupRole).toBool());
         if (!m_filter.hasChildren(index))
             continue;
         const bool isToggled = m_toggled.contains(index.data(PropertyModel::PathRole).toString());

@@ -29,6 +29,7 @@ ReferenceEditor::ReferenceEditor(QWidget *parent)
     m_list->setModel(&m_matches);
     m_list->setFocusPolicy(Qt::NoFocus);
     m_list->setUniformItemSizes(true);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setAccessibleName(tr("Names"));
     setFocusProxy(m_filter);

@@ -70,8 +70,9 @@ static QString fontText(const QVariant &value, const ValueSpec &)
 static QString colorText(const QVariant &value, const ValueSpec &)
 {
     const auto color = value.value<QColor>();
-    return color.isValid() ? color.name(QColor::HexArgb).toUpper()
-                           : translated(QT_TRANSLATE_NOOP("ValueTexts", "(no colour)"));
+    if (!color.isValid())
+        return translated(QT_TRANSLATE_NOOP("ValueTexts", "(no colour)"));
+    return color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb).toUpper();
 }
 
 static QString nameOrNone(const QString &name)
