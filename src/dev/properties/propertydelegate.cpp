@@ -108,10 +108,14 @@ QSize PropertyDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
     return size;
 }
 
+//! Half-way between text and background, in any palette.
 static void mute(QStyleOptionViewItem &option)
 {
-    const QColor color = option.palette.color(QPalette::Disabled, QPalette::Text);
-    option.palette.setColor(QPalette::Text, color);
+    const QColor text = option.palette.color(QPalette::Text);
+    const QColor base = option.palette.color(QPalette::Base);
+    option.palette.setColor(QPalette::Text,
+                            QColor((text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
+                                   (text.blue() + base.blue()) / 2));
 }
 
 static QIcon bindingIcon(const QModelIndex &index)

@@ -44,12 +44,13 @@ void PropertyEditor::watchFocus(QWidget *old, QWidget *now)
         Q_EMIT finished(Next::Stay);
 }
 
+// Keys such as Escape and Delete are for the editor, not for shortcuts of the window.
 bool PropertyEditor::event(QEvent *event)
 {
-    // Else a shortcut of the window would come first.
-    const bool isShortcut = event->type() == QEvent::ShortcutOverride;
-    if (isShortcut && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
-        event->accept();
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto modifiers = static_cast<QKeyEvent *>(event)->modifiers();
+        event->setAccepted(!(modifiers & (Qt::ControlModifier | Qt::AltModifier)));
+    }
     return QWidget::event(event);
 }
 

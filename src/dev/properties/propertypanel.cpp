@@ -71,6 +71,8 @@ PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
     m_info->setFixedHeight(infoLines * m_info->fontMetrics().lineSpacing());
 
     connect(&m_model, &QAbstractItemModel::modelReset, this, &PropertyPanel::showWidget);
+    connect(&source, &PropertySource::geometryChanged, m_name,
+            [this] { m_name->setText(m_source.name()); });
     connect(&m_model, &PropertyModel::notice, this,
             [this](const QString &text) { say(text.toHtmlEscaped(), true); });
     connect(m_view, &PropertyView::refused, this,
@@ -131,7 +133,6 @@ QWidget *PropertyPanel::makeEmptyState()
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignCenter);
     label->setMargin(16);
-    label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
 

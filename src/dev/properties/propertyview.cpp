@@ -10,6 +10,8 @@
 #include <QMenu>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace NARV::DEV {
 
 PropertyView::PropertyView(PropertyModel &model, PropertyFilter &filter, QWidget *parent)
@@ -180,20 +182,23 @@ void PropertyView::moveEntryDown()
     m_model.moveEntry(currentSource(), down);
 }
 
-// Keys that mean something here come before the shortcuts of the window.
+const PropertyView::Command *PropertyView::commandOf(const QKeyEvent &event)
+{
+    const int key = event.key() | int(event.modifiers() & ~Qt::KeypadModifier);
+    const auto *found = std::find_if(std::begin(commands), std::end(commands),
+                                     [key](const Command &command) { return command.key == key; });
+    return found == std::end(commands) ? nullptr : found;
+}
+
+// Keys that mean something here come before the shortcuts of the window, which has a Delete, too.
 bool PropertyView::event(QEvent *event)
 {
-    if (event->type() != QEvent::ShortcutOverride)
-        return QTreeView::event(event);
-    const auto *press = static_cast<QKeyEvent *>(event);
-    const QKeySequence keys(int(press->modifiers()) | press->key());
-    for (const QAction *action : actions()) {
-        if (action->shortcut() == keys)
-            return QTreeView::event(event); // its own shortcut is found next
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto &press = *static_cast<QKeyEvent *>(event);
+        const bool isPlain = !(press.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+        if (commandOf(press) || (isPlain && !press.text().isEmpty()))
+            event->accept();
     }
-    const bool isPlain = !(press->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
-    if (isPlain && !press->text().isEmpty())
-        event->accept();
     return QTreeView::event(event);
 }
 
@@ -202,6 +207,8 @@ void PropertyView::keyPressEvent(QKeyEvent *event)
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isEnter && event->modifiers() == Qt::NoModifier)
         editCurrent();
+    else if (const Command *command = commandOf(*event))
+        (this->*command->run)();
     else
         QTreeView::keyPressEvent(event);
 }
@@ -263,8 +270,6 @@ QModelIndex PropertyView::moveCursor(CursorAction action, Qt::KeyboardModifiers 
 // Groups are open at first, the parts of values are not.
 void PropertyView::noteExpansion(const QModelIndex &index, bool isExpanded)
 {
-    if (m_isRestoring)
-        return;
     const QString path = index.data(PropertyModel::PathRole).toString();
     if (isExpanded == index.data(PropertyModel::GroupRole).toBool())
         m_toggled.remove(path);
@@ -274,7 +279,7 @@ void PropertyView::noteExpansion(const QModelIndex &index, bool isExpanded)
 
 void PropertyView::restoreExpansion(const QModelIndex &parent)
 {
-    m_isRestoring = true;
+    const QSignalBlocker blocker(this); // this is not what a person has done
     for (int row = 0; row < m_filter.rowCount(parent); ++row) {
         const QModelIndex index = m_filter.index(row, 0, parent);
         setFirstColumnSpanned(row, parent, index.data(PropertyModel::GroupRole).toBool());
@@ -283,9 +288,7 @@ void PropertyView::restoreExpansion(const QModelIndex &parent)
         const bool isToggled = m_toggled.contains(index.data(PropertyModel::PathRole).toString());
         setExpanded(index, isToggled != index.data(PropertyModel::GroupRole).toBool());
         restoreExpansion(index);
-        m_isRestoring = true;
     }
-    m_isRestoring = false;
 }
 
 } // namespace NARV::DEV

@@ -41,6 +41,7 @@ protected:
 private:
     struct Command;
     static const Command commands[];
+    static const Command *commandOf(const QKeyEvent &event);
     void addCommands();
 
     void editCurrent();
@@ -59,7 +60,6 @@ private:
     PropertyModel &m_model;
     PropertyFilter &m_filter;
     QSet<QString> m_toggled; //!< paths of rows that are not as they are at first
-    bool m_isRestoring = false;
 };
 
 } // namespace NARV::DEV

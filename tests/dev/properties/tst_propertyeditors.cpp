@@ -6,9 +6,11 @@
 #include "properties/propertyview.h"
 #include "properties/valuetexts.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QKeySequence>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QToolButton>
 
 using namespace NARV::DEV;
@@ -101,6 +103,7 @@ private Q_SLOTS:
     void bindingByKey();
     void theWidgetWritesMeanwhile();
     void losingTheFocusTakesTheValue();
+    void keysComeBeforeTheWindowsShortcuts();
 
 private:
     struct Panel
@@ -260,6 +263,23 @@ void tst_PropertyEditors::losingTheFocusTakesTheValue()
     panel.panel.search();
     QCOMPARE(panel.text("number"), u("4"));
     QVERIFY(!panel.editor() || !panel.editor()->isVisible());
+}
+
+void tst_PropertyEditors::keysComeBeforeTheWindowsShortcuts()
+{
+    Panel panel;
+    QAction remove(&panel.window);
+    remove.setShortcuts({QKeySequence(Qt::Key_Delete), QKeySequence(Qt::Key_Space)});
+    panel.window.addAction(&remove);
+    QSignalSpy removed(&remove, &QAction::triggered);
+    panel.source.setValue(u("integer"), 8);
+    panel.choose("integer");
+    panel.press("Del");
+    QCOMPARE(panel.text("integer"), u("5"));
+    panel.choose("flag");
+    panel.press("Space F2 Space Del");
+    QCOMPARE(panel.text("flag"), u("false"));
+    QCOMPARE(removed.size(), 0);
 }
 
 QTEST_MAIN(tst_PropertyEditors)
