@@ -16,6 +16,7 @@
 namespace NARV::DEV {
 
 class AlarmTable;
+class ScenarioPlayer;
 class SimulationClock;
 class TagTable;
 class TrendStore;
@@ -35,11 +36,12 @@ public:
     TrendStore &trends();
     AlarmTable &alarms();
     SimulationClock &clock();
+    ScenarioPlayer &scenarios();
 
     //! The value of a tag; invalid if there is no such tag or it has none.
     QVariant tagValue(const QString &name) const;
-    //! Writes a tag as a widget does: converts to the tag's type and tells everybody. False if there
-    //! is no such tag or the value does not convert; why is logged.
+    //! Writes a tag as a widget does: converts to the tag's type and tells everybody. False if
+    //! there is no such tag or the value does not convert; why is logged.
     bool writeTag(const QString &name, const QVariant &value);
     //! At most count samples of a trend between two times, as a widget gets them.
     QVariant trendValue(const QString &name, const QDateTime &from, const QDateTime &to,
@@ -50,6 +52,10 @@ public:
     QJsonObject toJson() const;
     //! Replaces everything. False, with nothing changed and a reason that says where, if malformed.
     bool fromJson(const QJsonObject &json, QString &problem);
+    //! Replaces everything by a small machine with moving tags, two trends and two alarms.
+    void loadDefaults();
+    //! The folder of the scene file, where relative CSV files are looked for.
+    void setBaseFolder(const QString &folder);
 
 Q_SIGNALS:
     //! A tag has another value, or another quality.
@@ -60,6 +66,16 @@ Q_SIGNALS:
     void alarmChanged(const NARV::AlarmInfo &alarm);
     //! Something that toJson() keeps has changed.
     void modified();
+
+private:
+    void connectParts();
+    void advance();
+
+    const std::unique_ptr<SimulationClock> m_clock;
+    const std::unique_ptr<TagTable> m_tags;
+    const std::unique_ptr<TrendStore> m_trends;
+    const std::unique_ptr<AlarmTable> m_alarms;
+    const std::unique_ptr<ScenarioPlayer> m_scenarios;
 };
 
 } // namespace NARV::DEV

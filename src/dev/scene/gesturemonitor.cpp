@@ -40,7 +40,7 @@ namespace {
 
 struct GestureKind
 {
-    int type;
+    Qt::GestureType type;
     const char *name;
     QString (*values)(const QGesture &);
 };
@@ -48,13 +48,19 @@ struct GestureKind
 } // namespace
 
 static const GestureKind kinds[] = {
-    {257, QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "one-finger pan"), panValues},
-    {258, QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "two-finger pan"), panValues},
-    {259, QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "three-finger pan"), panValues},
-    {260, QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "one-finger swipe"), swipeValues},
-    {261, QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "two-finger swipe"), swipeValues},
-    {262, QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "three-finger swipe"), swipeValues},
-    {263, QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "pinch"), pinchValues},
+    {Qt::GestureType(257), QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "one-finger pan"),
+     panValues},
+    {Qt::GestureType(258), QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "two-finger pan"),
+     panValues},
+    {Qt::GestureType(259), QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "three-finger pan"),
+     panValues},
+    {Qt::GestureType(260), QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "one-finger swipe"),
+     swipeValues},
+    {Qt::GestureType(261), QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "two-finger swipe"),
+     swipeValues},
+    {Qt::GestureType(262), QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "three-finger swipe"),
+     swipeValues},
+    {Qt::GestureType(263), QT_TRANSLATE_NOOP("NARV::DEV::GestureMonitor", "pinch"), pinchValues},
 };
 
 //! In the order of Qt::GestureState.

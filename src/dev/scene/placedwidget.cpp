@@ -7,6 +7,7 @@
 #include <NARV/GraphicsObjectPrivate>
 #include <NARV/INTERNAL/GraphicsObjectPrivateAccessor>
 #include <NARV/INTERNAL/WidgetLibraryPluginPrivateAccessor>
+#include <NARV/INTERNAL/WidgetLibraryPluginUtils>
 #include <NARV/INTERNAL/WidgetPrivateAccessor>
 #include <NARV/WidgetLibraryPluginPrivate>
 
@@ -51,6 +52,18 @@ static bool isUnread(const QVariant &value)
     return value.userType() == QMetaType::QJsonValue;
 }
 
+static bool isBindingOnly(const FieldMetaInformation &field)
+{
+    return field.type() == FieldType::Tag || field.type() == FieldType::Trend;
+}
+
+static bool hasOption(const FieldMetaInformation &field, int index)
+{
+    const QList<QPair<int, QString>> &options = field.options();
+    return std::any_of(options.begin(), options.end(),
+                       [&](const QPair<int, QString> &option) { return option.first == index; });
+}
+
 static bool isFontOf(const FieldMetaInformation &field, const QString &fieldId)
 {
     return field.id() != fieldId;
@@ -59,6 +72,11 @@ static bool isFontOf(const FieldMetaInformation &field, const QString &fieldId)
 NARV::WidgetPrivate *PlacedWidget::widget() const
 {
     return m_widget ? WidgetPrivateAccessor::priv(m_widget.get()) : nullptr;
+}
+
+NARV::GraphicsObject *PlacedWidget::item() const
+{
+    return m_item;
 }
 
 QGraphicsObject *PlacedWidget::shownItem() const
@@ -71,8 +89,7 @@ QGraphicsObject *PlacedWidget::shownItem() const
 QVariant PlacedWidget::fieldValue(const QString &fieldId) const
 {
     const FieldMetaInformation of = field(fieldId);
-    const int type = of.type();
-    if (type == FieldType::Tag || type == FieldType::Trend)
+    if (isBindingOnly(of))
         return binding(fieldId);
     if (!m_widget || of.isMultiLanguageText())
         return authoredValue(fieldId);
@@ -90,6 +107,33 @@ bool PlacedWidget::isFieldChanged(const QString &fieldId) const
     return m_state.values.contains(fieldId) || m_state.bindings.contains(fieldId);
 }
 
+bool PlacedWidget::toFieldValue(const QString &fieldId, const QVariant &value,
+                                QVariant &authored) const
+{
+    const FieldMetaInformation of = field(fieldId);
+    if (!of.isValid() || isBindingOnly(of))
+        return false;
+    const bool isTranslated = of.isMultiLanguageText() && !isFontOf(of, fieldId);
+    authored = value;
+    if (isTranslated && value.userType() == defaultValue(fieldId).userType())
+        return true;
+    QVariant plain = value;
+    if (!m_description.fieldInfo().value(fieldId).convertToFieldType(plain))
+        return false;
+    if (of.type() == FieldType::Option && !hasOption(of, plain.toInt()))
+        return false;
+    authored = isTranslated ? withLanguage(authoredValue(fieldId), plain, m_host.language)
+                            : INTERNAL::WidgetLibraryPluginUtils::fieldValueCheckBeforeSet(
+                                  of.type(), plain, fieldId, m_description);
+    return true;
+}
+
+bool PlacedWidget::canBeBound(const QString &fieldId) const
+{
+    const FieldMetaInformation of = field(fieldId);
+    return of.id() == fieldId && (of.tagCanBeAttached() || isBindingOnly(of));
+}
+
 QVariant PlacedWidget::authoredValue(const QString &fieldId) const
 {
     const auto set = m_state.values.constFind(fieldId);
@@ -100,8 +144,7 @@ QVariant PlacedWidget::authoredValue(const QString &fieldId) const
 QVariant PlacedWidget::hostValue(const QString &fieldId) const
 {
     const QString bound = binding(fieldId);
-    const int type = field(fieldId).type();
-    if (type == FieldType::Tag || type == FieldType::Trend)
+    if (isBindingOnly(field(fieldId)))
         return bound;
     const QVariant tag = bound.isEmpty() ? QVariant() : m_host.data->tagValue(bound);
     return tag.isValid() ? tag : inLanguage(authoredValue(fieldId), m_host.language);

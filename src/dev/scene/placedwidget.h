@@ -62,7 +62,7 @@ public:
     FieldMetaInformation field(const QString &fieldId) const;
     //! The running instance and its item; null for a widget that could not be made.
     NARV::WidgetPrivate *widget() const;
-    NARV::GraphicsObject *item() const { return m_item; }
+    NARV::GraphicsObject *item() const;
     //! The item, or what stands in its place; null only if the widget's code has deleted it.
     QGraphicsObject *shownItem() const;
 
@@ -74,6 +74,11 @@ public:
     QVariant defaultValue(const QString &fieldId) const;
     //! A person or the widget itself has given it another value than the default.
     bool isFieldChanged(const QString &fieldId) const;
+    //! The value as fieldValue() would give it, converted and within the field's bounds; a plain
+    //! text, list or map stands for the present language. False if the field does not take it.
+    bool toFieldValue(const QString &fieldId, const QVariant &value, QVariant &authored) const;
+    //! A tag or trend can be bound to the field.
+    bool canBeBound(const QString &fieldId) const;
     //! The tag or trend bound to the field; empty for none.
     QString binding(const QString &fieldId) const { return m_state.bindings.value(fieldId); }
 

@@ -34,7 +34,7 @@ void SceneActionManager::resetAlarm(const QString &alarmName)
 
 void SceneActionManager::resetAllAlarms()
 {
-    m_document.testData().alarms().resetAll();
+    m_document.testData().alarms().applyToAll(AlarmAction::Reset);
 }
 
 void SceneActionManager::acknowAlarm(const QString &alarmName)
@@ -44,7 +44,7 @@ void SceneActionManager::acknowAlarm(const QString &alarmName)
 
 void SceneActionManager::acknowAllAlarms()
 {
-    m_document.testData().alarms().acknowledgeAll();
+    m_document.testData().alarms().applyToAll(AlarmAction::Acknowledge);
 }
 
 bool SceneActionManager::isInsideProjectEditor() const

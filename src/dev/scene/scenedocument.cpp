@@ -37,10 +37,7 @@ SceneDocument::SceneDocument(PluginSession &session, TestData &data, EventLog &e
     connect(&session, &PluginSession::loaded, this, &SceneDocument::makeWidgets);
     connect(&data, &TestData::tagChanged, this, &SceneDocument::queueTag);
     connect(&data, &TestData::alarmChanged, this, &SceneDocument::deliverAlarm);
-    connect(&data, &TestData::modified, this, [this] {
-        m_dataIsModified = true;
-        Q_EMIT modifiedChanged();
-    });
+    connect(&data, &TestData::modified, this, &SceneDocument::setModified);
     connect(&m_undoStack, &QUndoStack::cleanChanged, this, &SceneDocument::modifiedChanged);
     connect(m_gestureMonitor.get(), &GestureMonitor::reported, this,
             [this](const QString &name, const GestureReport &report) {
@@ -313,6 +310,12 @@ void SceneDocument::setUnmodified()
 {
     m_dataIsModified = false;
     m_undoStack.setClean();
+    Q_EMIT modifiedChanged();
+}
+
+void SceneDocument::setModified()
+{
+    m_dataIsModified = true;
     Q_EMIT modifiedChanged();
 }
 

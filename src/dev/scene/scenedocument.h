@@ -103,6 +103,7 @@ public:
     //! Something that a scene file keeps was changed since setUnmodified().
     bool isModified() const;
     void setUnmodified();
+    void setModified();
 
 Q_SIGNALS:
     void widgetAdded(NARV::DEV::PlacedWidget *widget);
