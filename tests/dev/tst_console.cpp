@@ -251,9 +251,9 @@ void tst_Console::pause()
 void tst_Console::doesNotStutter()
 {
     LogRelay relay;
-    LogModel log(relay);
     QWidget window;
-    ConsolePanel panel(log, relay, &window);
+    ConsolePanel panel(relay, &window);
+    LogModel &log = panel.log();
     panel.resize(400, 300);
     window.show();
     auto *table = panel.findChild<QTableView *>();
@@ -278,9 +278,9 @@ void tst_Console::consolePanel()
 {
     QTemporaryDir dir;
     LogRelay relay;
-    LogModel log(relay);
     QWidget window;
-    ConsolePanel panel(log, relay, &window);
+    ConsolePanel panel(relay, &window);
+    LogModel &log = panel.log();
     panel.resize(900, 300);
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));

@@ -12,14 +12,23 @@
 
 namespace NARV::DEV {
 
-ConsolePanel::ConsolePanel(LogModel &log, LogRelay &relay, QWidget *parent)
-    : ConsolePanel(log, relay, new LogFilterModel(log), parent)
+//! The panel's own, with a model for it.
+static LogFilterModel *newFilter(LogRelay &relay)
+{
+    auto *log = new LogModel(relay);
+    auto *filter = new LogFilterModel(*log);
+    log->setParent(filter);
+    return filter;
+}
+
+ConsolePanel::ConsolePanel(LogRelay &relay, QWidget *parent)
+    : ConsolePanel(newFilter(relay), relay, parent)
 {
 }
 
-ConsolePanel::ConsolePanel(LogModel &log, LogRelay &relay, LogFilterModel *filter, QWidget *parent)
+ConsolePanel::ConsolePanel(LogFilterModel *filter, LogRelay &relay, QWidget *parent)
     : RecordPanel(filter, tr("log records"), parent)
-    , m_log(log)
+    , m_log(filter->log())
     , m_relay(relay)
     , m_filter(filter)
 {
@@ -37,7 +46,7 @@ ConsolePanel::ConsolePanel(LogModel &log, LogRelay &relay, LogFilterModel *filte
     buildPattern();
     setColumnSamples({QStringLiteral("00:00:00.000"), QStringLiteral("XX Warning"),
                       QStringLiteral("PLUGIN_LOADING"), QStringLiteral("00000000")});
-    setSpareColumns({LogModel::CategoryColumn, LogModel::SourceColumn});
+    setSpareColumns({LogModel::TimeColumn, LogModel::CategoryColumn, LogModel::SourceColumn});
 }
 
 void ConsolePanel::clearRecords()

@@ -14,14 +14,16 @@ class ZPPLUGIN_DEV_EXPORT ConsolePanel : public RecordPanel
     Q_OBJECT
 
 public:
-    //! Both outlive the panel.
-    ConsolePanel(LogModel &log, LogRelay &relay, QWidget *parent = nullptr);
+    //! Shows what the relay hands out from now on. The relay outlives the panel.
+    explicit ConsolePanel(LogRelay &relay, QWidget *parent = nullptr);
+
+    LogModel &log() { return m_log; }
 
 protected:
     void clearRecords() override;
 
 private:
-    ConsolePanel(LogModel &log, LogRelay &relay, LogFilterModel *filter, QWidget *parent);
+    ConsolePanel(LogFilterModel *filter, LogRelay &relay, QWidget *parent);
 
     void buildLevels();
     void fillCategories();

@@ -88,7 +88,8 @@ QVariant EventLog::data(const QModelIndex &index, int role) const
         return {};
     const EventRecord &event = record(index.row());
     if (role == Qt::ToolTipRole)
-        return recordToolTip({kindName(event.kind), event.widget}, event.text);
+        return recordToolTip({recordTime(event.time), kindName(event.kind), event.widget},
+                             event.text);
     if (role != Qt::DisplayRole)
         return {};
     switch (index.column()) {

@@ -36,7 +36,7 @@ EventsPanel::EventsPanel(EventLog &events, EventFilterModel *filter, QWidget *pa
     addWidgetNames(0);
     setColumnSamples({QStringLiteral("00:00:00.000"), QStringLiteral("Field change"),
                       QStringLiteral("numericDisplay12")});
-    setSpareColumns({EventLog::KindColumn});
+    setSpareColumns({EventLog::TimeColumn, EventLog::KindColumn});
 }
 
 void EventsPanel::addWidgetNames(int firstRow)

@@ -15,6 +15,8 @@ class ZPPLUGIN_DEV_EXPORT LogFilterModel : public TailFilterModel
 public:
     explicit LogFilterModel(LogModel &log, QObject *parent = nullptr);
 
+    LogModel &log() { return m_log; }
+
     //! Records of this level and of more severe ones.
     void setLowestLevel(QtMsgType level);
     //! Records of this category, or of all. The empty one is that of records without.
@@ -24,7 +26,7 @@ protected:
     bool accepts(int sourceRow) const override;
 
 private:
-    const LogModel &m_log;
+    LogModel &m_log;
     int m_lowestSeverity = 0;
     std::optional<QString> m_category;
 };

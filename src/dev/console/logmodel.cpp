@@ -108,7 +108,9 @@ QVariant LogModel::data(const QModelIndex &index, int role) const
     if (role == Qt::DisplayRole)
         return cellText(shown, index.column());
     if (role == Qt::ToolTipRole)
-        return recordToolTip({levelName(shown.type), shown.category, shown.source}, shown.text);
+        return recordToolTip(
+            {recordTime(shown.time), levelName(shown.type), shown.category, shown.source},
+            shown.text);
     if (role == Qt::DecorationRole && index.column() == LevelColumn)
         return levelIcon(shown.type);
     return {};
