@@ -208,7 +208,5 @@ int main(int argc, char **argv)
         ratios.push_back({std::string(name) + " / 100 ns", name, "hundredNanoseconds", 1});
     ratios.push_back({"one finger / Qt's pan, two fingers", "scene/pan1", "scene/qt_pan2", 1});
     ratios.push_back({"two fingers / Qt's pan, two fingers", "scene/pan2", "scene/qt_pan2", 1});
-    ratios.push_back(
-        {"one finger / Qt's pan that one finger is not", "scene/pan1", "scene/qt_pan1", 1});
     return runBenchmarks(argc, argv, ratios);
 }
