@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QScopedPointer>
 #include <QVariant>
 
 namespace NARV {
@@ -12,7 +13,10 @@ class AlarmInfo;
 class GraphicsObject;
 class Widget;
 class WidgetActionManager;
-struct FieldIsChangedEventData;
+
+namespace INTERNAL {
+class DeliveryRound;
+}
 
 //! The host's side of a widget.
 //!
@@ -53,7 +57,7 @@ public:
     const QMetaObject *graphicsObjectMetaObject = nullptr;
     QMap<QString, QVariant> fieldValues;
     QMap<QString, WidgetData::FieldInfo> fieldsInfo;
-    //! Null for a widget not made through its library. Otherwise a child of this object.
+    //! Null for a widget not made through its library, which otherwise gives it to this object.
     WidgetActionManager *widgetActionManager = nullptr;
     //! Those made by newGraphicsObjectInstance() and still there, in the order of creation.
     QList<GraphicsObject *> graphicsObjects;
@@ -63,11 +67,23 @@ Q_SIGNALS:
     void fieldIsChanged(const QString &fieldId, const QVariant &value);
 
 private:
+    friend class INTERNAL::DeliveryRound;
+    friend class GraphicsObject;
+    friend class WidgetLibraryPluginPrivate;
+
     template<class E, class TellItem>
-    void deliverToAll(E *event, void (Widget::*handler)(E *), TellItem tellItem) const;
+    void deliverToAll(INTERNAL::DeliveryRound &round, E *event, void (Widget::*handler)(E *),
+                      TellItem tellItem) const;
+    template<class E>
+    void deliverToAll(INTERNAL::DeliveryRound &round, E *event, void (Widget::*handler)(E *),
+                      void (GraphicsObject::*itemHandler)(E *)) const;
     template<class... Items>
     void warn(const Items &...items) const;
-    bool store(FieldIsChangedEventData &change);
+    bool store(const QString &fieldId, const QVariant &value, QVariant &oldValue);
+    void forget(GraphicsObject *item);
+
+    mutable INTERNAL::DeliveryRound *m_round = nullptr; // the innermost of those under way
+    QScopedPointer<QObject> m_ownActionManager;
 };
 
 } // namespace NARV

@@ -12,7 +12,8 @@ void WidgetLibraryPluginPrivate::registerWidget(const QString &widgetId, const Q
 {
     m_registrations.insert({widgetId, version},
                            {widgetMetaObject, graphicsObjectMetaObject,
-                            INTERNAL::ConstructorMatch::forWidget(widgetMetaObject)});
+                            INTERNAL::ConstructorMatch::forWidget(widgetMetaObject),
+                            WidgetData::VersionType(version)});
 }
 
 Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
@@ -26,11 +27,11 @@ Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
 
     auto *actionManager = new WidgetActionManager(actionManagerImpl, nullptr);
     QScopedPointer<QObject> owner(actionManager);
-    const WidgetData data(widgetId, WidgetData::VersionType(version), pluginId, fieldsInfo,
+    const WidgetData data(widgetId, found->parsedVersion, pluginId, fieldsInfo,
                           found->graphicsObjectMetaObject, actionManager);
-    auto *widget = qobject_cast<Widget *>(found->widgetConstructor.newInstance(&data));
+    auto *widget = static_cast<Widget *>(found->widgetConstructor.newInstance(&data, pluginId));
     if (widget)
-        owner.take()->setParent(INTERNAL::WidgetPrivateAccessor::priv(widget));
+        INTERNAL::WidgetPrivateAccessor::priv(widget)->m_ownActionManager.swap(owner);
     return widget;
 }
 

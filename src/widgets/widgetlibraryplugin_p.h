@@ -30,6 +30,8 @@ public:
         const QMetaObject *graphicsObjectMetaObject = nullptr;
         //! Found at registration; without a match no instance can be made.
         INTERNAL::ConstructorMatch widgetConstructor;
+        //! Read from the version text; invalid if that is none.
+        INTERNAL::PluginMetaInformation::VersionType parsedVersion;
     };
     //! By widget id and version, both as written at registration and ordered as plain text.
     using Registrations = QMap<QPair<QString, QString>, Registration>;
@@ -42,10 +44,11 @@ public:
                         const QMetaObject *graphicsObjectMetaObject);
 
     //! A new widget, owned by the caller; null if no widget is registered under exactly this id and
-    //! version text or if its class cannot be instantiated. pluginId becomes the source of the
-    //! widget's log messages. actionManagerImpl stays with the host and must outlive the widget; it
-    //! may be null for a widget that has no host to talk to. The action manager made for the widget
-    //! belongs to the widget's private part and is deleted with it.
+    //! version text or if its class cannot be instantiated. A constructor that throws counts as one
+    //! that cannot, and is logged. pluginId becomes the source of the widget's log messages.
+    //! actionManagerImpl stays with the host and must outlive the widget; it may be null for a
+    //! widget that has no host to talk to. The action manager made for the widget belongs to the
+    //! widget's private part and is deleted with it.
     Widget *newWidgetInstance(const QString &widgetId, const QString &version,
                               const QString &pluginId, const QMap<QString, FieldInfo> &fieldsInfo,
                               INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const;
