@@ -4,6 +4,7 @@
 #include "deliveryround_p.h"
 #include "event.h"
 #include "eventdelivery_p.h"
+#include "fieldindex_p.h"
 #include "graphicsobject.h"
 #include "graphicsobjectprivateaccessor.h"
 #include "widget.h"
@@ -19,6 +20,7 @@ namespace NARV {
 
 using INTERNAL::DeliveryRound;
 using INTERNAL::EventDelivery;
+using INTERNAL::FieldIndex;
 using INTERNAL::GraphicsObjectPrivateAccessor;
 using INTERNAL::WidgetActionManagerPrivateAccessor;
 
@@ -99,12 +101,12 @@ QVariant WidgetPrivate::getFieldValue(const QString &fieldId, bool internal)
 {
     if (internal)
         return fieldValues.value(fieldId);
-    const auto field = fieldsInfo.constFind(fieldId);
-    if (field == fieldsInfo.constEnd()) {
+    const FieldIndex::Entry *field = fieldIndex().find(fieldId);
+    if (!field) {
         warn("getFieldValue called with an invalid fieldId:", fieldId);
         return QVariant();
     }
-    if (!field->getFieldValueIsEnabled()) {
+    if (!field->info.getFieldValueIsEnabled()) {
         warn("getFieldValue can not be used for the field", fieldId);
         return QVariant();
     }
@@ -114,24 +116,23 @@ QVariant WidgetPrivate::getFieldValue(const QString &fieldId, bool internal)
 void WidgetPrivate::setFieldValue(const QString &fieldId, const QVariant &value, bool internal,
                                   bool sendEvent)
 {
-    const auto field = fieldsInfo.constFind(fieldId);
-    if (field == fieldsInfo.constEnd())
+    const FieldIndex::Entry *field = fieldIndex().find(fieldId);
+    if (!field)
         return warn("setFieldValue called with an invalid fieldId:", fieldId);
-    if (!internal && !field->setFieldValueIsEnabled())
+    if (!internal && !field->info.setFieldValueIsEnabled())
         return warn("setFieldValue can not be used for the field", fieldId);
-    QVariant newValue = value;
-    if (!field->convertToFieldType(newValue))
+    FieldIsChangedEventData change{QString(), value, QVariant()};
+    if (!field->info.convertToFieldType(change.value))
         return warn("setFieldValue called with wrong value for the field ", fieldId, ": value is ",
                     value);
 
-    QVariant oldValue;
-    if (!store(fieldId, newValue, oldValue) || !sendEvent) {
+    if (!store(fieldId, field->position, change.value, change.oldValue) || !sendEvent) {
         if (!internal)
-            Q_EMIT fieldIsChanged(fieldId, newValue);
+            Q_EMIT fieldIsChanged(fieldId, change.value);
         return;
     }
-    // Before the signal, on which the caller's field id may change.
-    FieldIsChangedEvent event({fieldId, std::move(newValue), std::move(oldValue)});
+    change.fieldId = fieldId; // a copy: the caller's own may go with the signal
+    FieldIsChangedEvent event(std::move(change));
     DeliveryRound round(this);
     if (!internal)
         Q_EMIT fieldIsChanged(event.fieldId(), event.value());
@@ -149,13 +150,32 @@ static bool isSame(const QVariant &a, const QVariant &b)
     return a == b || (isNan(a) && isNan(b));
 }
 
-// Stores the value and gives the old one. False if they are equal.
-bool WidgetPrivate::store(const QString &fieldId, const QVariant &value, QVariant &oldValue)
+// Of the descriptions as they are now.
+const FieldIndex &WidgetPrivate::fieldIndex()
 {
-    const auto stored = fieldValues.find(fieldId);
-    if (stored == fieldValues.end()) {
-        fieldValues.insert(fieldId, value);
-        return true;
+    if (!m_fieldIndex || !m_fieldIndex->fields().isSharedWith(fieldsInfo)) {
+        m_fieldIndex = std::make_shared<const FieldIndex>(fieldsInfo);
+        m_stored.clear();
+    }
+    return *m_fieldIndex;
+}
+
+// Stores the value and gives the old one. False if they are equal.
+bool WidgetPrivate::store(const QString &fieldId, int position, const QVariant &value,
+                          QVariant &oldValue)
+{
+    if (m_stored.isEmpty() || !m_fieldValues.isDetached()) { // the entries have other places
+        m_stored.fill(nullptr, m_fieldIndex->fields().size());
+        m_fieldValues.detach();
+    }
+    QVariant *&stored = m_stored[position];
+    if (!stored) {
+        const int count = m_fieldValues.size();
+        stored = &m_fieldValues[fieldId];
+        if (count != m_fieldValues.size()) {
+            *stored = value;
+            return true;
+        }
     }
     if (isSame(*stored, value))
         return false;

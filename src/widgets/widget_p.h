@@ -6,6 +6,9 @@
 #include <QObject>
 #include <QScopedPointer>
 #include <QVariant>
+#include <QVector>
+
+#include <memory>
 
 namespace NARV {
 
@@ -16,7 +19,8 @@ class WidgetActionManager;
 
 namespace INTERNAL {
 class DeliveryRound;
-}
+class FieldIndex;
+} // namespace INTERNAL
 
 //! The host's side of a widget.
 //!
@@ -55,7 +59,8 @@ public:
     WidgetData::VersionType version;
     QString pluginId;
     const QMetaObject *graphicsObjectMetaObject = nullptr;
-    QMap<QString, QVariant> fieldValues;
+    //! By field id; written by setFieldValue() only.
+    const QMap<QString, QVariant> &fieldValues = m_fieldValues;
     QMap<QString, WidgetData::FieldInfo> fieldsInfo;
     //! Null for a widget not made through its library, which otherwise gives it to this object.
     WidgetActionManager *widgetActionManager = nullptr;
@@ -79,11 +84,16 @@ private:
                       void (GraphicsObject::*itemHandler)(E *)) const;
     template<class... Items>
     void warn(const Items &...items) const;
-    bool store(const QString &fieldId, const QVariant &value, QVariant &oldValue);
+    const INTERNAL::FieldIndex &fieldIndex();
+    bool store(const QString &fieldId, int position, const QVariant &value, QVariant &oldValue);
     void forget(GraphicsObject *item);
 
     mutable INTERNAL::DeliveryRound *m_round = nullptr; // the innermost of those under way
     QScopedPointer<QObject> m_ownActionManager;
+    std::shared_ptr<const INTERNAL::FieldIndex> m_fieldIndex; // null until needed
+    QMap<QString, QVariant> m_fieldValues;
+    // The entries of m_fieldValues by position in the index, null where there is none.
+    QVector<QVariant *> m_stored;
 };
 
 } // namespace NARV

@@ -4,16 +4,21 @@
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
 
 #include <QMap>
-#include <QPair>
 #include <QString>
+
+#include <map>
+#include <memory>
+#include <tuple>
+#include <utility>
 
 namespace NARV {
 
 class Widget;
 
 namespace INTERNAL {
+class FieldIndex;
 class WidgetActionManagerImpl;
-}
+} // namespace INTERNAL
 
 //! What a widget library has registered, and the maker of its widgets. Lives as long as the plugin
 //! object, on its thread.
@@ -32,9 +37,21 @@ public:
         INTERNAL::ConstructorMatch widgetConstructor;
         //! Read from the version text; invalid if that is none.
         INTERNAL::PluginMetaInformation::VersionType parsedVersion;
+        //! Of the fields of the last instance.
+        mutable std::shared_ptr<const INTERNAL::FieldIndex> fieldIndex;
+    };
+    //! Compares a key, or a pair of references that stands for one.
+    struct ByIdAndVersion
+    {
+        using is_transparent = void;
+        template<class A, class B>
+        bool operator()(const A &a, const B &b) const
+        {
+            return std::tie(a.first, a.second) < std::tie(b.first, b.second);
+        }
     };
     //! By widget id and version, both as written at registration and ordered as plain text.
-    using Registrations = QMap<QPair<QString, QString>, Registration>;
+    using Registrations = std::map<std::pair<QString, QString>, Registration, ByIdAndVersion>;
 
     //! Every registered widget.
     const Registrations &registrations() const { return m_registrations; }
