@@ -328,15 +328,23 @@ void FieldDescriptionReader::readRest()
         readFontLabels();
 }
 
+FontInformationData &FieldDescriptionReader::fontInformation()
+{
+    if (!m_field.font)
+        m_field.font = new FontInformationData;
+    return *m_field.font;
+}
+
 void FieldDescriptionReader::infoFromMetaDataParseStringFieldCommon()
 {
     if (!m_field.isMultiLanguage)
         return;
-    m_field.defaultFont = WidgetLibraryPluginUtils::defaultFont();
-    m_field.defaultFontSpecified = m_in.optional(
+    FontInformationData &font = fontInformation();
+    font.defaultFont = WidgetLibraryPluginUtils::defaultFont();
+    font.defaultFontSpecified = m_in.optional(
         Key("defaultFont"), MetaDataError::FieldDefaultFontInvalid, [&](const QJsonValue &value) {
             return value.isObject() && WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(
-                                           value.toObject(), m_field.defaultFont);
+                                           value.toObject(), font.defaultFont);
         });
 }
 
@@ -432,6 +440,7 @@ bool FieldDescriptionReader::addAcceptedType(const QString &name)
 
 void FieldDescriptionReader::readFontLabels()
 {
+    FontInformationData &font = fontInformation();
     const struct
     {
         Key key;
@@ -440,15 +449,15 @@ void FieldDescriptionReader::readFontLabels()
         TranslationStringType &label;
     } labels[] = {
         {Key("displayFontFamily"), MetaDataError::FieldDisplayFontFamilyMissing,
-         MetaDataError::FieldDisplayFontFamilyInvalid, m_field.displayFontFamily},
+         MetaDataError::FieldDisplayFontFamilyInvalid, font.displayFontFamily},
         {Key("displayFontSize"), MetaDataError::FieldDisplayFontSizeMissing,
-         MetaDataError::FieldDisplayFontSizeInvalid, m_field.displayFontSize},
+         MetaDataError::FieldDisplayFontSizeInvalid, font.displayFontSize},
         {Key("displayFontBold"), MetaDataError::FieldDisplayFontBoldMissing,
-         MetaDataError::FieldDisplayFontBoldInvalid, m_field.displayFontBold},
+         MetaDataError::FieldDisplayFontBoldInvalid, font.displayFontBold},
         {Key("displayFontStyle"), MetaDataError::FieldDisplayFontStyleMissing,
-         MetaDataError::FieldDisplayFontStyleInvalid, m_field.displayFontStyle},
+         MetaDataError::FieldDisplayFontStyleInvalid, font.displayFontStyle},
         {Key("displayFontUnderline"), MetaDataError::FieldDisplayFontUnderlineMissing,
-         MetaDataError::FieldDisplayFontUnderlineInvalid, m_field.displayFontUnderline},
+         MetaDataError::FieldDisplayFontUnderlineInvalid, font.displayFontUnderline},
     };
     for (const auto &row : labels)
         m_in.requiredText(row.key, row.missing, row.invalid, row.label, ObjectReader::AsWritten);

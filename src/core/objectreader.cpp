@@ -4,24 +4,41 @@
 
 namespace NARV::INTERNAL {
 
-ObjectReader::ObjectReader(const QJsonObject &object, const JsonPath &path,
-                           DescriptionContext &context)
-    : m_path(path)
-    , m_context(context)
+//! The same for equal keys and different for most others.
+template<typename Text>
+static quint32 keyPrint(const Text &key)
 {
-    m_members.reserve(object.size());
-    for (auto it = object.constBegin(); it != object.constEnd(); ++it)
-        m_members.append({it.key(), it.value()});
+    if (key.isEmpty())
+        return 0;
+    return quint32(key.size()) << 16 ^ quint32(QChar(key.front()).unicode()) << 8 ^
+           quint32(QChar(key.back()).unicode());
 }
 
-const QJsonValue &ObjectReader::value(QLatin1String key) const
+ObjectReader::ObjectReader(const QJsonObject &object, const JsonPath &path,
+                           DescriptionContext &context)
+    : m_object(object)
+    , m_path(path)
+    , m_context(context)
 {
-    static const QJsonValue undefined(QJsonValue::Undefined);
-    for (const Member &member : m_members) {
-        if (member.key.size() == key.size() && member.key == key)
-            return member.value;
+    const int size = object.size();
+    m_keys.reserve(size);
+    m_keyPrints.reserve(size);
+    const auto end = object.constEnd();
+    for (auto it = object.constBegin(); it != end; ++it) {
+        const QString key = it.key();
+        m_keyPrints.append(keyPrint(key));
+        m_keys.append(key);
     }
-    return undefined;
+}
+
+int ObjectReader::find(QLatin1String key) const
+{
+    const quint32 print = keyPrint(key);
+    for (int i = 0; i < m_keys.size(); ++i) {
+        if (m_keyPrints[i] == print && m_keys[i] == key)
+            return i;
+    }
+    return -1;
 }
 
 bool ObjectReader::flag(QLatin1String key, int invalid, bool &out)

@@ -9,7 +9,7 @@
 
 namespace NARV::INTERNAL {
 
-//! The texts read last, so that the many fields with the same group or label share one.
+//! The short texts read last, so that the many fields with the same group or label share one.
 class RecentTexts
 {
 public:
@@ -18,19 +18,19 @@ public:
     struct Entry
     {
         QString text;
-        QString comment;
         TranslationStringType value;
-        bool isUsed = false;
     };
 
-    //! Where that text is if it was read lately.
-    Entry &entry(const QString &text)
+    //! Where that text is if it was read lately; null for a text that is not kept.
+    Entry *entry(const QString &text)
     {
-        return m_entries[size_t(text.size() + (text.isEmpty() ? 0 : 7 * text[0].unicode())) %
-                         count];
+        if (text.isEmpty() || text.size() > longest)
+            return nullptr;
+        return &m_entries[size_t(text.size() + 7 * text[0].unicode()) % count];
     }
 
 private:
+    static constexpr int longest = 16;
     static constexpr size_t count = 64;
     Entry m_entries[count];
 };
@@ -42,6 +42,7 @@ struct DescriptionContext
     QString language; //!< in which the metadata's own texts are written
     const TranslationTable &translations;
     RecentTexts recentTexts;
+    QString recentComment; //!< many texts have the same
 };
 
 //! Takes typed values out of one JSON object and reports those that are missing or malformed.
@@ -60,25 +61,25 @@ public:
         TrimmedNotEmpty
     };
 
-    //! The path and context have to outlive the reader.
+    //! The object, path and context have to outlive the reader.
     ObjectReader(const QJsonObject &object, const JsonPath &path, DescriptionContext &context);
 
-    bool contains(QLatin1String key) const { return !value(key).isUndefined(); }
+    bool contains(QLatin1String key) const { return find(key) >= 0; }
 
     //! Hands the value under key, if there is one, to take(value); where that says false, the
     //! value is reported as invalid. True when a value was taken.
     template<typename Take>
     bool optional(QLatin1String key, int invalid, Take take)
     {
-        return takeValue(key, value(key), invalid, take);
+        return takeValue(key, find(key), invalid, take);
     }
 
     //! The same, where a value that is not there is reported as missing.
     template<typename Take>
     bool required(QLatin1String key, int missing, int invalid, Take take)
     {
-        const QJsonValue &found = value(key);
-        if (found.isUndefined())
+        const int found = find(key);
+        if (found < 0)
             fail(missing, key);
         return takeValue(key, found, invalid, take);
     }
@@ -124,28 +125,24 @@ public:
 
 private:
     template<typename Take>
-    bool takeValue(QLatin1String key, const QJsonValue &found, int invalid, Take take)
+    bool takeValue(QLatin1String key, int found, int invalid, Take take)
     {
-        if (found.isUndefined() || stopped())
+        if (found < 0 || stopped())
             return false;
-        if (take(found))
+        if (take((m_object.constBegin() + found).value()))
             return true;
         fail(invalid, key);
         return false;
     }
 
-    struct Member
-    {
-        QString key;
-        QJsonValue value;
-    };
+    //! The position of key among the members; -1 if it is not there.
+    int find(QLatin1String key) const;
 
-    //! The value under key; undefined if there is none.
-    const QJsonValue &value(QLatin1String key) const;
-
-    //! QJsonObject finds a member by comparing keys letter by letter and hands out a new value each
-    //! time; few objects have so many members that looking at the lengths of all takes longer.
-    QVarLengthArray<Member, 16> m_members;
+    //! QJsonObject finds a member by comparing keys letter by letter; few objects have so many
+    //! members that looking at what tells most keys apart takes longer.
+    QVarLengthArray<QString, 16> m_keys;
+    QVarLengthArray<quint32, 16> m_keyPrints;
+    const QJsonObject &m_object;
     const JsonPath &m_path;
     DescriptionContext &m_context;
 };

@@ -56,6 +56,22 @@ bool PluginUtils::isValidLanguageCode(const QString &code)
     return true;
 }
 
+static bool readTextAndComment(const QJsonValue &value, QString &text, QString &comment)
+{
+    if (value.isString()) {
+        text = value.toString();
+        return true;
+    }
+    const QJsonArray pair = value.toArray();
+    if (pair.size() != 2)
+        return false;
+    const QJsonValue first = pair.at(0);
+    const QJsonValue second = pair.at(1);
+    text = first.toString();
+    comment = second.toString();
+    return first.isString() && second.isString();
+}
+
 bool PluginUtils::infoFromMetaDataParseTranslatableString(
     const QJsonValue &value, DescriptionContext &context,
     PluginMetaInformation::TranslationStringType &result, bool trim, bool mustNotBeEmpty)
@@ -63,34 +79,27 @@ bool PluginUtils::infoFromMetaDataParseTranslatableString(
     result.clear();
     QString text;
     QString comment;
-    if (value.isString()) {
-        text = value.toString();
-    } else if (value.isArray()) {
-        const QJsonArray pair = value.toArray();
-        if (pair.size() != 2 || !pair.at(0).isString() || !pair.at(1).isString())
-            return false;
-        text = pair.at(0).toString();
-        comment = pair.at(1).toString();
-    } else {
+    if (!readTextAndComment(value, text, comment))
         return false;
-    }
     if (trim)
         text = std::move(text).trimmed();
     if (mustNotBeEmpty && text.isEmpty())
         return false;
-    RecentTexts::Entry &recent = context.recentTexts.entry(text);
-    if (recent.isUsed && recent.text == text && recent.comment == comment) {
-        result = recent.value;
+    if (comment == context.recentComment)
+        comment = context.recentComment;
+    else
+        context.recentComment = comment;
+    RecentTexts::Entry *recent = comment.isEmpty() ? context.recentTexts.entry(text) : nullptr;
+    if (recent && recent->text == text) {
+        result = recent->value;
         return true;
     }
     if (const auto *translated = context.translations.find(text, comment))
         result = *translated;
     else
         result = PluginMetaInformation::TranslationStringType(context.language, text, comment);
-    recent.text = text;
-    recent.comment = comment;
-    recent.value = result;
-    recent.isUsed = true;
+    if (recent)
+        *recent = {text, result};
     return true;
 }
 
@@ -207,7 +216,7 @@ int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMeta
     }
     metaData = value.toObject();
 
-    DescriptionContext context{faults, {}, translations, {}};
+    DescriptionContext context{faults, {}, translations, {}, {}};
     ObjectReader in(metaData, path, context);
     const QString id = readId(in);
     faults.setPluginId(id);

@@ -86,7 +86,7 @@ int WidgetLibraryPluginUtils::metaInformationFromMetaData(const QJsonObject &met
         return faults.code();
 
     const JsonPath path{nullptr, QLatin1String("MetaData")};
-    DescriptionContext context{faults, info.defaultLanguage(), translations, {}};
+    DescriptionContext context{faults, info.defaultLanguage(), translations, {}, {}};
     ObjectReader in(object, path, context);
     Library::WidgetMap widgets;
     const auto takeWidget = [&](const QJsonValue &value, int index) {
