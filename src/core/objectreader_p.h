@@ -5,7 +5,8 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QVarLengthArray>
+
+#include <array>
 
 namespace NARV::INTERNAL {
 
@@ -64,19 +65,19 @@ public:
     //! The object, path and context have to outlive the reader.
     ObjectReader(const QJsonObject &object, const JsonPath &path, DescriptionContext &context);
 
-    bool contains(QLatin1String key) const { return find(key) >= 0; }
+    bool contains(MetaDataKey key) const { return find(key) >= 0; }
 
     //! Hands the value under key, if there is one, to take(value); where that says false, the
     //! value is reported as invalid. True when a value was taken.
     template<typename Take>
-    bool optional(QLatin1String key, int invalid, Take take)
+    bool optional(MetaDataKey key, int invalid, Take take)
     {
         return takeValue(key, find(key), invalid, take);
     }
 
     //! The same, where a value that is not there is reported as missing.
     template<typename Take>
-    bool required(QLatin1String key, int missing, int invalid, Take take)
+    bool required(MetaDataKey key, int missing, int invalid, Take take)
     {
         const int found = find(key);
         if (found < 0)
@@ -84,15 +85,15 @@ public:
         return takeValue(key, found, invalid, take);
     }
 
-    bool flag(QLatin1String key, int invalid, bool &out);
-    bool text(QLatin1String key, int invalid, TranslationStringType &out, TextRule rule);
-    bool requiredText(QLatin1String key, int missing, int invalid, TranslationStringType &out,
+    bool flag(MetaDataKey key, int invalid, bool &out);
+    bool text(MetaDataKey key, int invalid, TranslationStringType &out, TextRule rule);
+    bool requiredText(MetaDataKey key, int missing, int invalid, TranslationStringType &out,
                       TextRule rule);
 
     //! Hands every element of the array under key, if there is one, to take(element, index); where
     //! that says false, the element is reported as invalid, as is a value that is no array.
     template<typename Take>
-    bool elements(QLatin1String key, int invalid, Take take)
+    bool elements(MetaDataKey key, int invalid, Take take)
     {
         return optional(key, invalid, [&](const QJsonValue &value) {
             return value.isArray() && takeElements(key, value.toArray(), invalid, take);
@@ -100,7 +101,7 @@ public:
     }
 
     template<typename Take>
-    bool takeElements(QLatin1String key, const QJsonArray &array, int invalid, Take take)
+    bool takeElements(MetaDataKey key, const QJsonArray &array, int invalid, Take take)
     {
         for (int i = 0; i < array.size() && !stopped(); ++i) {
             if (!take(array.at(i), i))
@@ -112,12 +113,12 @@ public:
     bool readText(const QJsonValue &value, TranslationStringType &out, TextRule rule) const;
 
     bool stopped() const { return m_context.faults.stopped(); }
-    JsonPath path(QLatin1String key, int index = -1) const { return {&m_path, key, index}; }
-    void fail(int code, QLatin1String key, int index = -1)
+    JsonPath path(MetaDataKey key, int index = -1) const { return {&m_path, key, index}; }
+    void fail(int code, MetaDataKey key, int index = -1)
     {
         m_context.faults.add(code, path(key, index));
     }
-    void fail(int code, QLatin1String key, const QString &message)
+    void fail(int code, MetaDataKey key, const QString &message)
     {
         m_context.faults.add(code, path(key), message);
     }
@@ -125,7 +126,7 @@ public:
 
 private:
     template<typename Take>
-    bool takeValue(QLatin1String key, int found, int invalid, Take take)
+    bool takeValue(MetaDataKey key, int found, int invalid, Take take)
     {
         if (found < 0 || stopped())
             return false;
@@ -136,12 +137,10 @@ private:
     }
 
     //! The position of key among the members; -1 if it is not there.
-    int find(QLatin1String key) const;
+    int find(MetaDataKey key) const { return m_positions[size_t(key)]; }
 
-    //! QJsonObject finds a member by comparing keys letter by letter; few objects have so many
-    //! members that looking at what tells most keys apart takes longer.
-    QVarLengthArray<QString, 16> m_keys;
-    QVarLengthArray<quint32, 16> m_keyPrints;
+    //! QJsonObject finds a member by comparing keys letter by letter, each time anew.
+    std::array<int, size_t(MetaDataKey::Unknown) + 1> m_positions;
     const QJsonObject &m_object;
     const JsonPath &m_path;
     DescriptionContext &m_context;

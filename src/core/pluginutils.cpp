@@ -12,7 +12,7 @@
 
 namespace NARV::INTERNAL {
 
-using Key = QLatin1String;
+using Key = MetaDataKey;
 
 // In the order of the codes.
 static constexpr const char *errorTexts[] = {
@@ -110,21 +110,21 @@ namespace {
 QString readId(ObjectReader &in)
 {
     QString id;
-    const bool isString = in.required(Key("id"), MetaDataError::IdMissing, MetaDataError::IdInvalid,
+    const bool isString = in.required(Key::Id, MetaDataError::IdMissing, MetaDataError::IdInvalid,
                                       [&](const QJsonValue &value) {
                                           id = value.toString();
                                           return value.isString();
                                       });
     if (!isString || isPlainUuidText(id))
         return id;
-    in.fail(MetaDataError::IdInvalid, Key("id"),
+    in.fail(MetaDataError::IdInvalid, Key::Id,
             logText("id", id, "is invalid. Must be a valid UUIDv4"));
     return {};
 }
 
 QString readDefaultLanguage(ObjectReader &in, bool (*isValid)(const QString &))
 {
-    static const Key key("defaultLanguage");
+    static constexpr Key key = Key::DefaultLanguage;
     QString language = defaultLanguageCode();
     in.optional(key, MetaDataError::DefaultLanguageInvalid, [&](const QJsonValue &value) {
         const QString code = value.toString().trimmed();
@@ -150,7 +150,7 @@ QString readString(ObjectReader &in, Key key, int missing, int invalid)
 
 PluginMetaInformation::VersionType readVersion(ObjectReader &in)
 {
-    static const Key key("version");
+    static constexpr Key key = Key::Version;
     PluginMetaInformation::VersionType version;
     in.required(key, MetaDataError::VersionMissing, MetaDataError::VersionInvalid,
                 [&](const QJsonValue &value) {
@@ -167,7 +167,7 @@ PluginMetaInformation::VersionType readVersion(ObjectReader &in)
 
 QStringList PluginUtils::readTranslation(ObjectReader &in)
 {
-    static const Key key("translation");
+    static constexpr Key key = Key::Translation;
     QStringList codes;
     in.elements(key, MetaDataError::TranslationInvalid, [&](const QJsonValue &value, int index) {
         const QString code = value.toString().trimmed();
@@ -195,8 +195,7 @@ void PluginUtils::importTranslations(ObjectReader &in, const QString &id, const 
             QStringLiteral(":/%1/resources/translation/%2.csv").arg(id, codes.at(i));
         if (!QFileInfo::exists(path) || translations.importFile(path, codes.at(i), true))
             continue;
-        in.context().faults.add(MetaDataError::TranslationFileInvalid,
-                                in.path(Key("translation"), i),
+        in.context().faults.add(MetaDataError::TranslationFileInvalid, in.path(Key::Translation, i),
                                 logText("Error reading the translation file", path));
     }
 }
@@ -206,8 +205,8 @@ int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMeta
                                              MetaDataFaults &faults)
 {
     info.clear();
-    const JsonPath path{nullptr, Key("MetaData")};
-    const QJsonValue value = json.value(path.key);
+    const JsonPath path{nullptr, Key::MetaData};
+    const QJsonValue value = json.value(keyName(path.key));
     if (!value.isObject()) {
         faults.add(value.isUndefined() ? MetaDataError::MetaDataMissing
                                        : MetaDataError::MetaDataInvalid,
@@ -229,15 +228,15 @@ int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMeta
     PluginMetaInformation::TranslationStringType copyright;
     PluginMetaInformation::TranslationStringType description;
     PluginMetaInformation::TranslationStringType license;
-    in.requiredText(Key("name"), MetaDataError::NameMissing, MetaDataError::NameInvalid, name,
+    in.requiredText(Key::Name, MetaDataError::NameMissing, MetaDataError::NameInvalid, name,
                     ObjectReader::AsWritten);
     const QString author =
-        readString(in, Key("author"), MetaDataError::AuthorMissing, MetaDataError::AuthorInvalid);
+        readString(in, Key::Author, MetaDataError::AuthorMissing, MetaDataError::AuthorInvalid);
     const PluginMetaInformation::VersionType version = readVersion(in);
-    in.text(Key("copyright"), MetaDataError::CopyrightInvalid, copyright, ObjectReader::AsWritten);
-    in.text(Key("description"), MetaDataError::DescriptionInvalid, description,
+    in.text(Key::Copyright, MetaDataError::CopyrightInvalid, copyright, ObjectReader::AsWritten);
+    in.text(Key::Description, MetaDataError::DescriptionInvalid, description,
             ObjectReader::AsWritten);
-    in.text(Key("license"), MetaDataError::LicenseInvalid, license, ObjectReader::AsWritten);
+    in.text(Key::License, MetaDataError::LicenseInvalid, license, ObjectReader::AsWritten);
     if (!faults.code())
         info.init(name, id, author, version, copyright, description, license, context.language,
                   languages);
