@@ -77,10 +77,8 @@ Library::FieldMetaInformation FieldDescriptionReader::infoFromMetaDataParseField
     readRequirements();
     readRest();
 
-    FieldMetaInformation field;
     m_field.isValid = true;
-    field.d = m_data;
-    return field;
+    return FieldMetaInformation(m_data);
 }
 
 void FieldDescriptionReader::readId()

@@ -45,6 +45,11 @@ FieldMetaInformation::FieldMetaInformation(const QString &id, const TranslationS
     d->isMultiLanguage = isMultiLanguage;
 }
 
+FieldMetaInformation::FieldMetaInformation(const QSharedDataPointer<FieldMetaInformationData> &data)
+    : d(data)
+{
+}
+
 FieldMetaInformation::FieldMetaInformation(const FieldMetaInformation &other) = default;
 FieldMetaInformation::FieldMetaInformation(FieldMetaInformation &&other) noexcept = default;
 FieldMetaInformation &FieldMetaInformation::operator=(const FieldMetaInformation &other) = default;

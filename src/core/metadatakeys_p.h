@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QLatin1String>
 #include <QStringView>
 
 namespace NARV::INTERNAL {
@@ -49,7 +48,7 @@ enum class MetaDataKey : quint8
 };
 
 //! The key as it is written; empty for Unknown.
-QLatin1String keyName(MetaDataKey key);
+QStringView keyName(MetaDataKey key);
 //! The key that is written so.
 MetaDataKey keyFromName(QStringView name);
 

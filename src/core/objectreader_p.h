@@ -43,7 +43,16 @@ struct DescriptionContext
     QString language; //!< in which the metadata's own texts are written
     const TranslationTable &translations;
     RecentTexts recentTexts;
-    QString recentComment; //!< many texts have the same
+    QString recentComment;
+
+    //! Many texts have the same comment as the one before.
+    void shareComment(QString &comment)
+    {
+        if (comment == recentComment)
+            comment = recentComment;
+        else if (!comment.isEmpty())
+            recentComment = comment;
+    }
 };
 
 //! Takes typed values out of one JSON object and reports those that are missing or malformed.

@@ -98,8 +98,7 @@ public:
         friend class TranslationTable;
 
         //! One text, which is also the one to fall back on.
-        TranslationStringType(const QString &languageCode, const QString &text,
-                              const QString &comment);
+        TranslationStringType(const QString &languageCode, QString text, QString comment);
         void remove(const QString &languageCode);
         void toMap();
         void listSingle() const;

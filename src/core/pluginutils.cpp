@@ -76,28 +76,26 @@ bool PluginUtils::infoFromMetaDataParseTranslatableString(
     const QJsonValue &value, DescriptionContext &context,
     PluginMetaInformation::TranslationStringType &result, bool trim, bool mustNotBeEmpty)
 {
-    result.clear();
     QString text;
     QString comment;
-    if (!readTextAndComment(value, text, comment))
-        return false;
+    const bool isRead = readTextAndComment(value, text, comment);
     if (trim)
         text = std::move(text).trimmed();
-    if (mustNotBeEmpty && text.isEmpty())
+    if (!isRead || (mustNotBeEmpty && text.isEmpty())) {
+        result.clear();
         return false;
-    if (comment == context.recentComment)
-        comment = context.recentComment;
-    else
-        context.recentComment = comment;
+    }
     RecentTexts::Entry *recent = comment.isEmpty() ? context.recentTexts.entry(text) : nullptr;
     if (recent && recent->text == text) {
         result = recent->value;
         return true;
     }
+    context.shareComment(comment);
     if (const auto *translated = context.translations.find(text, comment))
         result = *translated;
     else
-        result = PluginMetaInformation::TranslationStringType(context.language, text, comment);
+        result = PluginMetaInformation::TranslationStringType(context.language, text,
+                                                              std::move(comment));
     if (recent)
         *recent = {text, result};
     return true;

@@ -14,10 +14,10 @@ TranslationStringType::TranslationStringType()
 {
 }
 
-TranslationStringType::TranslationStringType(const QString &languageCode, const QString &text,
-                                             const QString &comment)
-    : m_text(text)
-    , m_comment(comment)
+TranslationStringType::TranslationStringType(const QString &languageCode, QString text,
+                                             QString comment)
+    : m_text(std::move(text))
+    , m_comment(std::move(comment))
     , m_fallbackLanguage(languageCode)
     , m_isSingle(true)
 {
