@@ -191,6 +191,8 @@ public:
     private:
         friend class FieldDescriptionReader;
 
+        explicit FieldMetaInformation(const QSharedDataPointer<FieldMetaInformationData> &data);
+
         QSharedDataPointer<FieldMetaInformationData> d;
     };
 
