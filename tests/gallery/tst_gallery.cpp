@@ -14,14 +14,14 @@ static const struct
     QVariant value;
     QVariantMap start = {};
 } changeRows[] = {
-    {"gauge.value", 50},
+    {"gauge.value", 20},
     {"gauge.needleStyle", 2, {{u("value"), 50}}},
     {"gauge.setpoint", 20, {{u("showSetpoint"), true}}},
     {"gauge.title", u("Boiler")},
-    {"bar.value", 50},
+    {"bar.value", 20},
     {"bar.direction", 2, {{u("value"), 20}}},
     {"bar.origin", 50, {{u("value"), 60}}},
-    {"numericDisplay.value", 50},
+    {"numericDisplay.value", 20},
     {"numericDisplay.unit", u("bar")},
     {"lamp.state", 2},
     {"lamp.shape", 1},
