@@ -37,7 +37,7 @@ static QVector<AlarmInfo> sampleAlarms()
         data.state = sample.state;
         data.timestamp = QDateTime(QDate(2024, 5, 1), QTime(10, 20 - alarms.size()));
         data.acknowledgeEnabled = true;
-        data.resetEnabled = true;
+        data.resetEnabled = sample.state == AlarmInfo::StateNotTriggeredNotAcknowledged;
         alarms.append(AlarmInfo(data));
     }
     return alarms;

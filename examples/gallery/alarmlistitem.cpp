@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 
 static constexpr qreal padding = 6;
 static constexpr qreal widestButton = 180;
@@ -22,8 +23,9 @@ static constexpr qreal scrollBarWidth = 4;
 static constexpr int blinkPeriod = 500;     // in milliseconds
 static constexpr int pressedDarkness = 118; // in percent
 static constexpr qreal idleOpacity = 0.45;
-// Of time, state, severity, name and description, in parts of the row.
-static constexpr qreal columnShares[] = {0.21, 0.25, 0.14, 0.12, 0.28};
+static constexpr int columnCount = 5;          // time, state, severity, name and description
+static constexpr qreal nameShare = 0.12;       // of the row
+static constexpr qreal descriptionShare = 0.2; // of the row, at least
 
 enum Part
 {
@@ -242,8 +244,7 @@ void AlarmListItem::draw(QPainter &painter, const QRectF &area)
     painter.fillRect(table, color("rowColor"));
     painter.fillRect(places.header, color("headerColor"));
     drawCells(painter, places.header, texts("columnTitles"),
-              QVector<QFont>(int(std::size(columnShares)), fontOf("columnTitles")),
-              color("headerTextColor"));
+              QVector<QFont>(columnCount, fontOf("columnTitles")), color("headerTextColor"));
     drawRows(painter, places);
     drawPlate(painter, table, {{}, color("frameColor"), 1, 0});
 }
@@ -359,13 +360,43 @@ void AlarmListItem::drawActions(QPainter &painter, const QRectF &row, const NARV
         drawSymbolButton(painter, reset, Symbol::Restart, pressed == ResetRow, colors);
 }
 
+//! The width for any of the texts.
+static qreal widest(const QStringList &texts, const QFont &font)
+{
+    qreal width = 0;
+    for (const QString &text : texts)
+        width = qMax(width, textWidth(font, text));
+    return width + 2 * padding;
+}
+
+// The description gets what the others leave, or they share what it leaves to them.
+QVector<qreal> AlarmListItem::columnWidths(qreal width)
+{
+    const QFont titleFont = fontOf("columnTitles");
+    const QStringList titles = texts("columnTitles");
+    const QDateTime wide(QDate(2000, 10, 20), QTime(20, 0));
+    const QStringList contents[] = {{QLocale().toString(wide, text("timeFormat"))},
+                                    textMap("stateNames").values(),
+                                    textMap("severityNames").values()};
+    const QFont fonts[] = {font("rowFont"), fontOf("stateNames"), fontOf("severityNames")};
+    QVector<qreal> widths;
+    for (int i = 0; i < int(std::size(contents)); ++i)
+        widths.append(qMax(widest(contents[i], fonts[i]), widest({titles.value(i)}, titleFont)));
+    widths.append(qMax(width * nameShare, widest({titles.value(widths.size())}, titleFont)));
+    const qreal needed = std::accumulate(widths.begin(), widths.end(), 0.0);
+    const qreal rest = qMax(width - needed, width * descriptionShare);
+    for (qreal &column : widths)
+        column *= qMin(1.0, (width - rest) / needed);
+    return widths << rest;
+}
+
 void AlarmListItem::drawCells(QPainter &painter, const QRectF &row, const QStringList &cells,
                               const QVector<QFont> &fonts, const QColor &ink)
 {
     QRectF rest = row.adjusted(markWidth, 0, -actionsWidth(), 0);
-    const qreal width = rest.width();
-    for (int i = 0; i < int(std::size(columnShares)); ++i) {
-        const QRectF cell = takeLeft(rest, width * columnShares[i]);
+    const QVector<qreal> widths = columnWidths(rest.width());
+    for (int i = 0; i < columnCount; ++i) {
+        const QRectF cell = takeLeft(rest, widths[i]);
         drawElidedText(painter, cell.adjusted(padding, 0, -padding, 0), cells.value(i), fonts[i],
                        ink);
     }

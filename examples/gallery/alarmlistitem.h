@@ -55,6 +55,9 @@ private:
     void rowsHaveChanged();
     void acknowledgeAll();
 
+    //! Of all columns, in a table of a width.
+    QVector<qreal> columnWidths(qreal width);
+
     void drawButtons(QPainter &painter, const Layout &places);
     void drawButton(QPainter &painter, const QRectF &area, const char *caption, int part);
     void drawRows(QPainter &painter, const Layout &places);

@@ -76,6 +76,20 @@ QRectF LampItem::drawText(QPainter &painter, const QRectF &area)
     return rest;
 }
 
+//! Light from above.
+static void drawGloss(QPainter &painter, const QRectF &body, qreal radius)
+{
+    if (body.isEmpty())
+        return;
+    QLinearGradient gloss(body.topLeft(), body.bottomLeft());
+    gloss.setColorAt(0, QColor(255, 255, 255, 80));
+    gloss.setColorAt(0.5, QColor(255, 255, 255, 0));
+    gloss.setColorAt(1, QColor(0, 0, 0, 40));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(gloss);
+    painter.drawRoundedRect(body, radius, radius);
+}
+
 void LampItem::drawLamp(QPainter &painter, const QRectF &area)
 {
     const int shape = integer("shape");
@@ -88,4 +102,5 @@ void LampItem::drawLamp(QPainter &painter, const QRectF &area)
     const qreal frame = qMax(1.0, body.height() * 0.04);
     const qreal radius = shape == Round ? body.height() / 2 : body.height() * 0.08;
     drawPlate(painter, body, {shownColor(), color("frameColor"), frame, radius});
+    drawGloss(painter, body.adjusted(frame, frame, -frame, -frame), radius - frame);
 }

@@ -15,8 +15,8 @@
 
 static constexpr qreal padding = 6;
 static constexpr qreal widestButton = 64;
-static constexpr qreal hintShare = 0.32;   // of the height, below the value
-static constexpr qreal hintSize = 0.75;    // of the prompt's type
+static constexpr qreal hintShare = 0.38;   // of the height, below the value
+static constexpr qreal hintSize = 0.85;    // of the prompt's type
 static constexpr int buttonDarkness = 112; // in percent, of the background
 static constexpr qreal spentOpacity = 0.4;
 static constexpr int longestEntry = 16;

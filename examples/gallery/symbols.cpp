@@ -60,21 +60,27 @@ static constexpr struct
     {Symbol::Plus, {{'M', -0.36, 0}, {'L', 0.36, 0}, {'M', 0, -0.36}, {'L', 0, 0.36}}},
     {Symbol::Latest,
      {{'M', -0.36, -0.34}, {'L', 0, 0}, {'L', -0.36, 0.34}, {'M', 0.3, -0.36}, {'L', 0.3, 0.36}}},
-    {Symbol::Restart,
-     {{'M', 0.3, -0.42},
-      {'L', 0.3, -0.18},
-      {'L', 0.06, -0.18},
-      {'M', 0.3, -0.18},
-      {'L', 0, -0.38},
-      {'L', -0.3, -0.22},
-      {'L', -0.38, 0.08},
-      {'L', -0.2, 0.34},
-      {'L', 0.14, 0.38},
-      {'L', 0.36, 0.14}}},
 };
+
+//! An arrow that goes round in a circle.
+static QPainterPath restart()
+{
+    static const QRectF circle(-0.36, -0.36, 0.72, 0.72);
+    static constexpr qreal start = 60; // in degrees
+    QPainterPath path;
+    path.arcMoveTo(circle, start);
+    path.arcTo(circle, start, 300);
+    const QPointF tip = path.currentPosition();
+    path.moveTo(tip + QPointF(0.08, -0.26));
+    path.lineTo(tip);
+    path.lineTo(tip + QPointF(-0.26, -0.04));
+    return path;
+}
 
 static QPainterPath outlineOf(Symbol symbol)
 {
+    if (symbol == Symbol::Restart)
+        return restart();
     QPainterPath path;
     for (const auto &outline : outlines) {
         if (outline.symbol != symbol)

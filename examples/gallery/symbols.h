@@ -19,7 +19,7 @@ enum class Symbol
     Minus,
     Plus,
     Latest, //!< to the newest data
-    Restart
+    Restart //!< a reset
 };
 
 //! Draws a symbol in the middle of area, in lines of a width that goes with its size.
