@@ -65,15 +65,14 @@ static constexpr struct
 //! An arrow that goes round in a circle.
 static QPainterPath restart()
 {
-    static const QRectF circle(-0.36, -0.36, 0.72, 0.72);
-    static constexpr qreal start = 60; // in degrees
+    static const QRectF circle(-0.38, -0.38, 0.76, 0.76);
     QPainterPath path;
-    path.arcMoveTo(circle, start);
-    path.arcTo(circle, start, 300);
+    path.arcMoveTo(circle, -15);
+    path.arcTo(circle, -15, -300);
     const QPointF tip = path.currentPosition();
-    path.moveTo(tip + QPointF(0.08, -0.26));
+    path.moveTo(tip + QPointF(-0.27, -0.02));
     path.lineTo(tip);
-    path.lineTo(tip + QPointF(-0.26, -0.04));
+    path.lineTo(tip + QPointF(-0.02, -0.27));
     return path;
 }
 
