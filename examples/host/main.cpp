@@ -1,6 +1,5 @@
 // The smallest host that does all that a host does: it loads the widget libraries of a folder, puts
-// all their widgets on one scene, attaches them to a simulated plant and lets them go in good
-// order.
+// their widgets on one scene, attaches them to a simulated plant and lets them go in good order.
 //
 //   host <plugins folder> [<widget id>] [--editor] [--render <file.png>]
 
@@ -31,25 +30,19 @@
 #include <vector>
 
 using namespace NARV::INTERNAL;
-using Description = WidgetLibraryPluginMetaInformation;
+using Library = WidgetLibraryPluginMetaInformation;
 using Text = PluginMetaInformation::TranslationStringType;
 
-static const QString language = QStringLiteral("en-US");
-
-static void printRecord(int, const QString &, const QString &message, void *)
+//! A default value as a widget takes it: texts in one language.
+static QVariant inEnglish(const QVariant &value)
 {
-    std::fprintf(stderr, "%s\n", qUtf8Printable(message)); // from any thread
-}
-
-//! A default value as a widget takes it: texts in one language only.
-static QVariant inOneLanguage(const QVariant &value)
-{
+    const auto english = [](const Text &text) { return text.get("en-US", true); };
     if (value.userType() == qMetaTypeId<Text>())
-        return value.value<Text>().get(language, true);
+        return english(value.value<Text>());
     if (value.userType() == qMetaTypeId<QList<Text>>()) {
         QStringList texts;
         for (const Text &text : value.value<QList<Text>>())
-            texts += text.get(language, true);
+            texts += english(text);
         return texts;
     }
     if (value.userType() != qMetaTypeId<QMap<int, Text>>())
@@ -57,24 +50,65 @@ static QVariant inOneLanguage(const QVariant &value)
     QMap<int, QString> texts;
     const auto all = value.value<QMap<int, Text>>();
     for (auto it = all.begin(); it != all.end(); ++it)
-        texts.insert(it.key(), it->get(language, true));
+        texts.insert(it.key(), english(*it));
     return QVariant::fromValue(texts);
 }
 
-//! One scene with widgets, attached to the plant. To be destroyed before the plant, and before the
-//! libraries are unloaded.
+//! One scene with widgets, attached to the plant. Goes before the plant and the libraries do.
 class Page
 {
 public:
-    explicit Page(Plant *plant);
-    ~Page();
+    explicit Page(Plant *plant)
+        : m_plant(plant)
+    {
+        m_plant->alarmChanged = [this](const NARV::AlarmInfo &alarm) {
+            for (NARV::WidgetPrivate *widget : m_alarmReceivers)
+                widget->alarmEvent(alarm);
+        };
+    }
+
+    // First the widgets are told, then their graphics objects go, then they go themselves.
+    ~Page()
+    {
+        m_plant->alarmChanged = nullptr;
+        for (const auto &widget : m_widgets)
+            WidgetPrivateAccessor::priv(widget.get())->deinit();
+        scene.clear();
+    }
 
     //! Makes a widget and puts it behind the others, in rows from left to right.
-    void add(const WidgetLibraryPluginData *library,
-             const Description::WidgetMetaInformation &description);
+    void add(const WidgetLibraryPluginData *library, const Library::WidgetMetaInformation &info)
+    {
+        const auto *maker = WidgetLibraryPluginPrivateAccessor::priv(library->instance());
+        m_widgets.emplace_back(maker->newWidgetInstance(info.id(), info.version().version(),
+                                                        library->metaInformation()->id(),
+                                                        info.fieldInfo(), m_plant));
+        if (!m_widgets.back())
+            return m_widgets.pop_back();
+        NARV::WidgetPrivate *widget = WidgetPrivateAccessor::priv(m_widgets.back().get());
+        setStartValues(widget, info);
+        // A project widget does its work at run time without being seen.
+        const bool isSeen = info.showInPageGallery() || m_plant->isInsideProjectEditor();
+        if (NARV::GraphicsObject *item = isSeen ? widget->newGraphicsObjectInstance() : nullptr)
+            place(item, info);
+        if (info.receiveAlarmsEvents())
+            m_alarmReceivers.push_back(widget);
+        QObject::connect(widget, &NARV::WidgetPrivate::fieldIsChanged,
+                         [this, id = info.id()](const QString &field, const QVariant &value) {
+                             m_plant->setTagValue(Plant::tagOf(id, field), value);
+                             showTags();
+                         });
+        widget->init();
+    }
+
     //! Lets time go by in the plant.
-    void advance(double seconds);
-    QGraphicsScene *scene() { return &m_scene; }
+    void advance(double seconds)
+    {
+        m_plant->advance(seconds);
+        showTags();
+    }
+
+    QGraphicsScene scene;
 
 private:
     struct Attachment
@@ -84,129 +118,65 @@ private:
         QString tag;
     };
 
-    void setStartValues(NARV::WidgetPrivate *widget,
-                        const Description::WidgetMetaInformation &description);
-    void place(NARV::GraphicsObject *item, const QSizeF &size, const QString &caption);
-    void showTags();
+    void setStartValues(NARV::WidgetPrivate *widget, const Library::WidgetMetaInformation &info)
+    {
+        for (const auto &field : info.fields()) {
+            if (field.isMultiLanguageText())
+                widget->setFieldValue(field.id() + ".font", field.defaultFont(), true, false);
+            widget->setFieldValue(field.id(), inEnglish(field.defaultValue()), true, false);
+            const QString tag = Plant::tagOf(info.id(), field.id());
+            if (tag.isEmpty() || m_plant->isInsideProjectEditor())
+                continue;
+            // Tag and trend fields are told the name: the widget asks for values itself.
+            if (field.type() >= Library::FieldType::Tag)
+                widget->setFieldValue(field.id(), tag, true, false);
+            else
+                m_attachments.push_back({widget, field.id(), tag});
+        }
+    }
+
+    void showTags()
+    {
+        for (const Attachment &field : m_attachments) {
+            const QVariant value = m_plant->getTagValue(field.tag);
+            if (value.isValid())
+                field.widget->setFieldValue(field.field, value, true, true);
+        }
+    }
+
+    void place(NARV::GraphicsObject *item, const Library::WidgetMetaInformation &info)
+    {
+        constexpr qreal pageWidth = 1400;
+        constexpr qreal gap = 24;
+        auto *caption =
+            scene.addSimpleText(info.id() + ' ' + info.version().version(), QFont("Roboto", 9));
+        const qreal width = qMax(info.defaultSize().width(), caption->boundingRect().width());
+        if (m_corner.x() + width > pageWidth) {
+            m_corner = QPointF(0, m_corner.y() + m_rowHeight + 2 * gap);
+            m_rowHeight = 0;
+        }
+        scene.addItem(item);
+        caption->setPos(m_corner);
+        item->setPos(m_corner + QPointF(0, gap));
+        GraphicsObjectPrivateAccessor::priv(item)->resize(info.defaultSize());
+        m_corner.rx() += width + gap;
+        m_rowHeight = qMax(m_rowHeight, info.defaultSize().height());
+    }
 
     Plant *m_plant;
-    QGraphicsScene m_scene;
     std::vector<std::unique_ptr<NARV::Widget>> m_widgets;
     std::vector<Attachment> m_attachments;
     std::vector<NARV::WidgetPrivate *> m_alarmReceivers;
-    QPointF m_corner; //!< of the next widget
+    QPointF m_corner; // of the next widget
     qreal m_rowHeight = 0;
 };
-
-Page::Page(Plant *plant)
-    : m_plant(plant)
-{
-    m_plant->alarmChanged = [this](const NARV::AlarmInfo &alarm) {
-        for (NARV::WidgetPrivate *widget : m_alarmReceivers)
-            widget->alarmEvent(alarm);
-    };
-}
-
-// First the widgets are told, then their graphics objects go, then they go themselves.
-Page::~Page()
-{
-    for (const auto &widget : m_widgets)
-        WidgetPrivateAccessor::priv(widget.get())->deinit();
-    m_plant->alarmChanged = nullptr;
-    m_scene.clear();
-    m_widgets.clear();
-}
-
-void Page::add(const WidgetLibraryPluginData *library,
-               const Description::WidgetMetaInformation &description)
-{
-    std::unique_ptr<NARV::Widget> made(WidgetLibraryPluginPrivateAccessor::priv(library->instance())
-                                           ->newWidgetInstance(description.id(),
-                                                               description.version().version(),
-                                                               library->metaInformation()->id(),
-                                                               description.fieldInfo(), m_plant));
-    if (!made)
-        return;
-    NARV::WidgetPrivate *widget = WidgetPrivateAccessor::priv(made.get());
-    m_widgets.push_back(std::move(made));
-    // A project widget does its work at run time without being seen.
-    const bool isSeen = description.showInPageGallery() || m_plant->isInsideProjectEditor();
-    if (NARV::GraphicsObject *item = isSeen ? widget->newGraphicsObjectInstance() : nullptr)
-        place(item, description.defaultSize(),
-              description.id() + QLatin1Char(' ') + description.version().version());
-    setStartValues(widget, description);
-    if (description.receiveAlarmsEvents())
-        m_alarmReceivers.push_back(widget);
-    // What the widget writes goes to the tag, and from there to all that is attached to it.
-    QObject::connect(widget, &NARV::WidgetPrivate::fieldIsChanged,
-                     [this, id = description.id()](const QString &field, const QVariant &value) {
-                         const QString tag = Plant::tagOf(id, field);
-                         if (tag.isEmpty())
-                             return;
-                         m_plant->setTagValue(tag, value);
-                         showTags();
-                     });
-    widget->init();
-}
-
-void Page::setStartValues(NARV::WidgetPrivate *widget,
-                          const Description::WidgetMetaInformation &description)
-{
-    for (const auto &field : description.fields()) {
-        if (field.isMultiLanguageText())
-            widget->setFieldValue(field.id() + QLatin1String(".font"), field.defaultFont(), true,
-                                  false);
-        widget->setFieldValue(field.id(), inOneLanguage(field.defaultValue()), true, false);
-        const QString tag = Plant::tagOf(description.id(), field.id());
-        if (tag.isEmpty() || m_plant->isInsideProjectEditor())
-            continue;
-        // These fields are told the name, and ask for values themselves.
-        if (field.type() == Description::FieldType::Tag ||
-            field.type() == Description::FieldType::Trend)
-            widget->setFieldValue(field.id(), tag, true, false);
-        else
-            m_attachments.push_back({widget, field.id(), tag});
-    }
-}
-
-void Page::place(NARV::GraphicsObject *item, const QSizeF &size, const QString &caption)
-{
-    static constexpr qreal pageWidth = 1340;
-    static constexpr qreal gap = 24;
-    auto *text = m_scene.addSimpleText(caption, QFont(QStringLiteral("Roboto"), 9));
-    const qreal width = qMax(size.width(), text->boundingRect().width());
-    if (m_corner.x() + width > pageWidth) {
-        m_corner = QPointF(0, m_corner.y() + m_rowHeight + gap);
-        m_rowHeight = 0;
-    }
-    text->setPos(m_corner);
-    m_scene.addItem(item);
-    item->setPos(m_corner + QPointF(0, gap));
-    GraphicsObjectPrivateAccessor::priv(item)->resize(size);
-    m_corner.rx() += width + gap;
-    m_rowHeight = qMax(m_rowHeight, size.height() + gap);
-}
-
-void Page::showTags()
-{
-    for (const Attachment &attachment : m_attachments)
-        attachment.widget->setFieldValue(attachment.field, m_plant->getTagValue(attachment.tag),
-                                         true, true);
-}
-
-void Page::advance(double seconds)
-{
-    m_plant->advance(seconds);
-    showTags();
-}
 
 //! All widgets of the loaded libraries, or those of one id; the highest first, for even rows.
 static void fill(Page &page, const PluginLoader &loader, const QString &widgetId)
 {
     for (const PluginData *record : loader.pluginData()) {
         const auto *library = record->toWidgetLibraryPluginData();
-        QList<Description::WidgetMetaInformation> widgets =
-            library->metaInformation()->widgets().values();
+        auto widgets = library->metaInformation()->widgets().values();
         std::stable_sort(widgets.begin(), widgets.end(), [](const auto &one, const auto &other) {
             return one.defaultSize().height() > other.defaultSize().height();
         });
@@ -217,30 +187,28 @@ static void fill(Page &page, const PluginLoader &loader, const QString &widgetId
     }
 }
 
-static bool render(QGraphicsScene *scene, const QString &path)
+static bool render(Page &page, const QString &path)
 {
+    for (int second = 0; second < 30; ++second)
+        page.advance(1);
     QApplication::processEvents(); // what widgets have put off until they are idle
-    const QRectF area = scene->itemsBoundingRect().adjusted(-24, -24, 24, 24);
+    const QRectF area = page.scene.itemsBoundingRect().adjusted(-24, -24, 24, 24);
     QImage image(area.size().toSize(), QImage::Format_RGB32);
-    image.fill(QColor(0xeceff2));
+    image.fill(page.scene.backgroundBrush().color());
     QPainter painter(&image);
-    painter.setRenderHint(QPainter::TextAntialiasing);
-    scene->render(&painter, image.rect(), area);
-    painter.end();
+    page.scene.render(&painter, image.rect(), area);
     return image.save(path);
 }
 
-static int show(Page &page)
+static bool show(Page &page)
 {
-    QGraphicsView view(page.scene());
+    QGraphicsView view(&page.scene);
     view.viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
-    view.setBackgroundBrush(QColor(0xeceff2));
-    view.resize(1440, 900);
-    view.show();
+    view.showMaximized();
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, [&page] { page.advance(0.1); });
     clock.start(100);
-    return QApplication::exec();
+    return QApplication::exec() == 0;
 }
 
 int main(int argc, char **argv)
@@ -251,40 +219,31 @@ int main(int argc, char **argv)
     QApplication app(argc, argv);
     QCommandLineParser options;
     options.addHelpOption();
-    options.addPositionalArgument(QStringLiteral("plugins"),
-                                  QStringLiteral("The folder of the widget libraries."));
-    options.addPositionalArgument(QStringLiteral("widget"),
-                                  QStringLiteral("Show only the widget with this id."),
-                                  QStringLiteral("[widget]"));
-    options.addOptions(
-        {{QStringLiteral("editor"), QStringLiteral("Show the widgets as a project editor does.")},
-         {QStringLiteral("render"), QStringLiteral("Write a picture instead of opening a window."),
-          QStringLiteral("file")}});
+    options.addPositionalArgument("plugins", "The folder of the widget libraries.");
+    options.addPositionalArgument("widget", "Show only the widgets with this id.", "[widget]");
+    options.addOptions({{"editor", "Show the widgets as a project editor does."},
+                        {"render", "Write a picture instead of opening a window.", "file"}});
     options.process(app);
     const QStringList arguments = options.positionalArguments();
     if (arguments.isEmpty())
         options.showHelp(2);
 
-    NARV::narvInstallLogMessageHandlerPrivate(printRecord, nullptr);
+    NARV::narvInstallLogMessageHandlerPrivate(
+        [](int, const QString &, const QString &message, void *) { // from any thread
+            std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+        },
+        nullptr);
     narvInit(app.style()->standardIcon(QStyle::SP_ComputerIcon));
     PluginLoader loader;
     bool isFine = loader.loadFromDir(arguments[0], {});
     loader.init();
     {
-        const bool isEditor = options.isSet(QStringLiteral("editor"));
-        const QString picture = options.value(QStringLiteral("render"));
-        Plant plant(picture.isEmpty() ? QDateTime::currentDateTime()
-                                      : QDateTime(QDate(2024, 5, 1), QTime(10, 0)),
-                    isEditor);
+        Plant plant(options.isSet("editor"));
         Page page(&plant);
+        page.scene.setBackgroundBrush(QColor(0xeceff2));
         fill(page, loader, arguments.value(1));
-        if (picture.isEmpty()) {
-            isFine = show(page) == 0 && isFine;
-        } else {
-            for (int second = 0; second < 30; ++second)
-                page.advance(1);
-            isFine = render(page.scene(), picture) && isFine;
-        }
+        const QString picture = options.value("render");
+        isFine = (picture.isEmpty() ? show(page) : render(page, picture)) && isFine;
     }
     loader.deinit();
     loader.unload();
