@@ -56,6 +56,8 @@ public:
                            unsigned int count,
                            NARV::WidgetActionManager::TrendTimeFormat format) override
     {
+        if (!valueAt(name, m_seconds).isValid())
+            return {};
         const QDateTime now = QDateTime::currentDateTime();
         QVariantList samples;
         for (unsigned int i = 0; i < count; ++i) {
