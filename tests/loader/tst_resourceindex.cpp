@@ -1,20 +1,7 @@
-#include "privateaccess.h"
 #include "resourcefixture.h"
+#include "resourceindexaccess.h"
 
 #include <QDir>
-
-using NARV::INTERNAL::PluginLoader;
-using Index = QMap<QString, PluginLoader::ExtraResourceData>;
-
-using Read = bool (*)(const QString &, Index &);
-Read privateMember(PrivateAccess<Read>);
-template struct PrivateMember<Read, &PluginLoader::readExtraResourcesIndexFile>;
-using Write = bool (*)(const QString &, const Index &);
-Write privateMember(PrivateAccess<Write>);
-template struct PrivateMember<Write, &PluginLoader::writeExtraResourcesIndexFile>;
-
-static const Read readIndex = privateMember(PrivateAccess<Read>());
-static const Write writeIndex = privateMember(PrivateAccess<Write>());
 
 //! An entry as it should be, but for what the rows change.
 static QByteArray entry(const QByteArray &from = {}, const QByteArray &to = {})
@@ -106,11 +93,11 @@ private:
 void tst_ResourceIndex::reads()
 {
     const auto &[name, content, entries, message] = currentRow(readRows);
-    const Index before{{u("before"), {}}};
-    Index index = before;
-    QVERIFY(readIndex(path(), index)); // no file yet
+    const ResourceIndex before{{u("before"), {}}};
+    ResourceIndex index = before;
+    QVERIFY(readResourceIndex(path(), index)); // no file yet
     writeFile(path(), content);
-    QCOMPARE(readIndex(path(), index), message.isNull());
+    QCOMPARE(readResourceIndex(path(), index), message.isNull());
     const bool isPath = message.startsWith(u("%1"));
     QString expected = message;
     expected.replace(u("%2"), u(uuid));
@@ -127,9 +114,9 @@ void tst_ResourceIndex::reads()
         QCOMPARE(data.languageId, u("en-US"));
         QCOMPARE(data.modification.date(), QDate(2021, 3, 4));
     }
-    QVERIFY(writeIndex(path(), index));
-    Index again;
-    QVERIFY(readIndex(path(), again));
+    QVERIFY(writeResourceIndex(path(), index));
+    ResourceIndex again;
+    QVERIFY(readResourceIndex(path(), again));
     QCOMPARE(again.keys(), index.keys());
 }
 
@@ -137,24 +124,24 @@ void tst_ResourceIndex::writesInOrder()
 {
     const QDateTime time(QDate(2021, 3, 4), QTime(10, 11, 12, 345));
     QDir().mkpath(out());
-    QVERIFY(
-        writeIndex(path(), {{u("b"), {time, u("\"%1"), u("1.1.0")}}, {u("a"), {time, {}, {}}}}));
+    QVERIFY(writeResourceIndex(
+        path(), {{u("b"), {time, u("\"%1"), u("1.1.0")}}, {u("a"), {time, {}, {}}}}));
     QCOMPARE(treeOf(out()), (Tree{{u("index.json"), twoEntries}}));
-    QVERIFY(writeIndex(path(), {}));
+    QVERIFY(writeResourceIndex(path(), {}));
     QCOMPARE(treeOf(out()).first().simplified(), QByteArray("{ \"extraResourceInfo\": [ ] }"));
 }
 
 void tst_ResourceIndex::replacesFolders()
 {
     writeFile(path() + u("/full/file"), "content");
-    Index index;
-    QVERIFY(!readIndex(path(), index));
-    QVERIFY(writeIndex(path(), {}));
+    ResourceIndex index;
+    QVERIFY(!readResourceIndex(path(), index));
+    QVERIFY(writeResourceIndex(path(), {}));
     QCOMPARE(errors(), (QStringList{u("Index %1 is not a file").arg(path()),
                                     u("%1 opening error").arg(path()),
                                     u("Index %1 is not a file. Will be deleted").arg(path())}));
-    QVERIFY(readIndex(path(), index));
-    QVERIFY(!writeIndex(out(u("absent/index.json")), {}));
+    QVERIFY(readResourceIndex(path(), index));
+    QVERIFY(!writeResourceIndex(out(u("absent/index.json")), {}));
     QCOMPARE(errors(), QStringList{u("%1 opening error").arg(out(u("absent/index.json")))});
 }
 
@@ -163,9 +150,9 @@ void tst_ResourceIndex::leavesDevicesAlone()
 {
     QDir().mkpath(out());
     QVERIFY(QFile::link(u("/dev/zero"), path()));
-    Index index;
-    QVERIFY(!readIndex(path(), index));
-    QVERIFY(writeIndex(path(), {}));
+    ResourceIndex index;
+    QVERIFY(!readResourceIndex(path(), index));
+    QVERIFY(writeResourceIndex(path(), {}));
     QVERIFY(QFileInfo(path()).isFile() && QFileInfo::exists(u("/dev/zero")));
     QCOMPARE(errors().size(), 3);
 }
