@@ -184,6 +184,22 @@ bool FieldMetaInformation::isMultiLanguageText() const
     return isText && d->isMultiLanguage;
 }
 
+QList<TranslationStringType> FieldMetaInformation::defaultTexts() const
+{
+    if (!d->isMultiLanguage)
+        return {};
+    switch (d->type) {
+    case FieldType::String:
+        return {d->defaultValue.value<TranslationStringType>()};
+    case FieldType::StringList:
+        return d->defaultValue.value<QList<TranslationStringType>>();
+    case FieldType::StringMap:
+        return d->defaultValue.value<QMap<int, TranslationStringType>>().values();
+    default:
+        return {};
+    }
+}
+
 bool FieldMetaInformation::hasFontLabels() const
 {
     return d->type == FieldType::Font || isMultiLanguageText();
