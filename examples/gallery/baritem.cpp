@@ -59,7 +59,7 @@ QRectF BarItem::drawValue(QPainter &painter, const QRectF &area)
     QRectF rest = area;
     const QRectF line = takeBottom(rest, lineHeight(valueFont));
     drawFittedText(painter, line, Qt::AlignCenter, valueText(), valueFont,
-                   stateColor(color("valueColor")));
+                   legible(stateColor(color("valueColor")), color("trackColor")));
     return rest;
 }
 

@@ -26,6 +26,9 @@ void drawFittedText(QPainter &painter, const QRectF &area, int alignment, const 
 void drawElidedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
                     const QColor &color);
 
+//! The ink, or one as near to it as can be read on a ground.
+QColor legible(const QColor &ink, const QColor &ground);
+
 //! The height to reserve for one line of text.
 qreal lineHeight(const QFont &font);
 qreal textWidth(const QFont &font, const QString &text);

@@ -43,6 +43,8 @@ public:
     //! The touch point that is being turned into mouse events.
     qint32 touchPointId = noTouchPoint;
     GraphicsObject::Options options;
+    //! The widget that has this object in its list; null for none.
+    WidgetPrivate *owner = nullptr;
 
 private:
     struct MouseStep;

@@ -112,7 +112,6 @@ void Private::buildMenus()
     for (const char *name : {"touch-none", "touch-one", "touch-two", "touch-three"})
         touch->addAction(actions[QLatin1String(name)]);
     actions[QStringLiteral("touch-none")]->setChecked(true);
-    addRecentActions(actions[QStringLiteral("recent")]->menu());
     addLanguageActions(actions[QStringLiteral("language")]->menu());
     addThemeActions(actions[QStringLiteral("theme")]->menu());
     addPageActions(actions[QStringLiteral("page")]->menu());
