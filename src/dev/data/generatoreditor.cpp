@@ -143,6 +143,7 @@ static bool always(const Settings &, TagType)
 void GeneratorEditor::addKind()
 {
     auto *box = new QComboBox;
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     for (const GeneratorInfo &info : generators())
         box->addItem(generatorTitle(info.kind));
     addRow(QStringLiteral("kind"), tr("&Generator"), box, always,
@@ -180,6 +181,7 @@ void GeneratorEditor::addWhole(const QString &name, const QString &label,
     box->setRange(minimum, maximum);
     box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
     box->setKeyboardTracking(false);
+    box->setMinimumWidth(60);
     addRow(name, label, box, isUsed, [this, box, member] { box->setValue(m_settings.*member); });
     connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this, [this, member](int value) {
         edit([&](Settings &settings) { settings.*member = value; });
@@ -227,6 +229,7 @@ void GeneratorEditor::addFile()
     auto *line = new QLineEdit;
     line->setObjectName(QStringLiteral("generator.filePath"));
     line->setAccessibleName(tr("CSV file"));
+    line->setMinimumWidth(40);
     auto *button = new QToolButton;
     button->setObjectName(QStringLiteral("generator.browse"));
     button->setIcon(benchIcon(QStringLiteral("open")));

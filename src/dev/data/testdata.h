@@ -43,7 +43,8 @@ public:
     //! Writes a tag as a widget does: converts to the tag's type and tells everybody. False if
     //! there is no such tag or the value does not convert; why is logged.
     bool writeTag(const QString &name, const QVariant &value);
-    //! At most count samples of a trend between two times, as a widget gets them.
+    //! At most count samples of a trend from one time to another, as a widget gets them; invalid if
+    //! there is no such trend.
     QVariant trendValue(const QString &name, const QDateTime &from, const QDateTime &to,
                         unsigned int count, WidgetActionManager::TrendTimeFormat format) const;
     QVector<AlarmInfo> activeAlarms() const;

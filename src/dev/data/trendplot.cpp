@@ -1,7 +1,5 @@
 #include "data/trendplot.h"
 
-#include "data/tagvalue.h"
-
 #include <QPainter>
 #include <QPainterPath>
 

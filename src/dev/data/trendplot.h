@@ -15,7 +15,7 @@ public:
     explicit TrendPlot(QWidget *parent = nullptr);
     ~TrendPlot() override;
 
-    //! A list of [milliseconds, value] pairs in ascending time.
+    //! As TrendStore::samples() gives them in milliseconds.
     void show(const QVariantList &samples);
 
     QSize sizeHint() const override;

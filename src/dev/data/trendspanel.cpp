@@ -52,8 +52,11 @@ void TrendsPanel::showCurrent()
     if (row < 0 || !m_plot->isVisible())
         return;
     constexpr unsigned int mostSamples = 400;
-    m_plot->show(m_data.trends().samples(m_data.trends().trend(row).name, {}, {}, mostSamples,
-                                         WidgetActionManager::MillisecondsSinceEpoch));
+    const QString name = m_data.trends().trend(row).name;
+    m_plot->show(
+        m_data.trends()
+            .samples(name, {}, {}, mostSamples, WidgetActionManager::MillisecondsSinceEpoch)
+            .toList());
 }
 
 void TrendsPanel::addOfTag()

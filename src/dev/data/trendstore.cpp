@@ -4,9 +4,8 @@
 #include "data/simulationclock.h"
 #include "data/tagtable.h"
 
-#include <QTimeZone>
-
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace NARV::DEV {
@@ -15,7 +14,10 @@ using Point = CsvSeries::Point;
 
 static bool isGap(const Point &point)
 {
-    return !point.value.isValid() || point.quality == Quality::Bad;
+    const bool isNaN = (point.value.userType() == QMetaType::Double ||
+                        point.value.userType() == QMetaType::Float) &&
+                       std::isnan(point.value.toDouble());
+    return !point.value.isValid() || isNaN || point.quality == Quality::Bad;
 }
 
 static bool isNumber(const Point &point)
@@ -257,9 +259,16 @@ QVector<Point> TrendStore::pointsBetween(const Entry &entry, qint64 from, qint64
                         : between(entry.history, from, to, 0);
 }
 
-QVariantList TrendStore::samples(const QString &name, const QDateTime &from, const QDateTime &to,
-                                 unsigned int count,
-                                 WidgetActionManager::TrendTimeFormat format) const
+static QVariantList sampleOf(const Point &point, WidgetActionManager::TrendTimeFormat format)
+{
+    QVariantList sample{timeInFormat(point.time, format), isGap(point) ? QVariant() : point.value};
+    if (point.quality != Quality::Good)
+        sample.append(int(point.quality));
+    return sample;
+}
+
+QVariant TrendStore::samples(const QString &name, const QDateTime &from, const QDateTime &to,
+                             unsigned int count, WidgetActionManager::TrendTimeFormat format) const
 {
     const int row = find(name);
     if (row < 0)
@@ -268,13 +277,11 @@ QVariantList TrendStore::samples(const QString &name, const QDateTime &from, con
     const qint64 begin = from.isValid() ? from.toMSecsSinceEpoch() : Limits::min();
     const qint64 end = to.isValid() ? to.toMSecsSinceEpoch() : Limits::max();
     const auto points = decimate(pointsBetween(m_entries.at(row), begin, end), count);
-    QVariantList pairs;
-    pairs.reserve(points.size());
-    for (const Point &point : points) {
-        const QVariant value = isGap(point) ? QVariant() : point.value;
-        pairs.append(QVariant(QVariantList{timeInFormat(point.time, format), value}));
-    }
-    return pairs;
+    QVariantList samples;
+    samples.reserve(points.size());
+    for (const Point &point : points)
+        samples.append(QVariant(sampleOf(point, format)));
+    return samples;
 }
 
 // The item model

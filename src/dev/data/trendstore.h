@@ -78,15 +78,15 @@ public:
     //! Takes CSV files anew.
     void reload();
 
-    //! The samples of a trend from one time to another, both included, as a list of [time, value]
-    //! pairs in ascending time; an invalid value is a gap. An invalid time is no limit.
+    //! The samples of a trend from one time to another, both included, in ascending time: a list
+    //! of lists of time and value, and of the quality, 1 uncertain or 2 bad, if it is not good. An
+    //! invalid value is a gap. An invalid time is no limit. Invalid if there is no such trend.
     //!
     //! Where there are more than count, they are divided into count / 2 equal parts, of each of
     //! which come the least and the greatest value in their order of time (the first and the last
-    //! if the values are no numbers), or one of them and the gap if the part holds one. An unknown
-    //! trend has no samples.
-    QVariantList samples(const QString &name, const QDateTime &from, const QDateTime &to,
-                         unsigned int count, WidgetActionManager::TrendTimeFormat format) const;
+    //! if the values are no numbers), or one of them and the gap if the part holds one.
+    QVariant samples(const QString &name, const QDateTime &from, const QDateTime &to,
+                     unsigned int count, WidgetActionManager::TrendTimeFormat format) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;

@@ -319,12 +319,21 @@ void tst_DataPanels::controlsHaveNamesAndFit()
     TrendsPanel trends(data);
     ScenarioPanel scenarios(data);
     ClockBar clock(data.clock());
+    const auto fits = [](QWidget &panel) {
+        for (const auto *area : panel.findChildren<QScrollArea *>()) {
+            if (area->widget()->width() > area->viewport()->width())
+                return false;
+        }
+        return panel.minimumSizeHint().width() <= 260;
+    };
     for (QWidget *panel : std::initializer_list<QWidget *>{&tags, &alarms, &trends, &scenarios}) {
         showPanel(*panel, {260, 620});
-        QVERIFY2(panel->minimumSizeHint().width() <= 260, qPrintable(panel->objectName()));
-        for (const auto *area : panel->findChildren<QScrollArea *>())
-            QVERIFY2(area->widget()->width() <= area->viewport()->width(),
-                     qPrintable(panel->objectName()));
+        QVERIFY2(fits(*panel), qPrintable(panel->objectName()));
+    }
+    for (const GeneratorInfo &info : generators()) {
+        choose(tags, "generator.kind", int(info.kind));
+        QCoreApplication::processEvents();
+        QVERIFY2(fits(tags), info.name);
     }
     for (QWidget *panel :
          std::initializer_list<QWidget *>{&tags, &alarms, &trends, &scenarios, &clock}) {

@@ -41,6 +41,7 @@ static const struct
     {"odd count", "15942867", 5, {0, 2, 4, 5}},
     {"level", "3333", 2, {0}},
     {"a gap is kept", "19 4", 2, {1, 2}},
+    {"NaN is a gap", "n194", 2, {0, 2}},
     {"all gaps", "    ", 2, {0, 3}},
     {"texts", "abcd", 2, {0, 3}},
     {"gap among texts", "ab d", 2, {0, 2}},
@@ -56,9 +57,10 @@ void tst_TrendStore::decimation()
     const auto &row = currentRow(decimationRows);
     QVector<CsvSeries::Point> points;
     for (const QChar letter : u(row.points)) {
-        const QVariant value = letter == QLatin1Char(' ') ? QVariant()
-                               : letter.isDigit()         ? QVariant(letter.digitValue())
-                                                          : QVariant(QString(letter));
+        const QVariant value = letter == QLatin1Char(' ')   ? QVariant()
+                               : letter == QLatin1Char('n') ? QVariant(qQNaN())
+                               : letter.isDigit()           ? QVariant(letter.digitValue())
+                                                            : QVariant(QString(letter));
         points.append({points.size(), value, Quality::Good});
     }
     QVector<int> kept;
@@ -116,17 +118,16 @@ void tst_TrendStore::history()
     QCOMPARE(samples(4750, 4850).size(), 2); // both ends belong to it
     QCOMPARE(samples(0, 5000, 6).size(), 6);
     QVERIFY(samples(5000, 0).isEmpty());
-    QVERIFY(
-        data.trendValue(u("none"), {}, {}, 9, WidgetActionManager::DateTime).toList().isEmpty());
+    QVERIFY(!data.trendValue(u("none"), {}, {}, 9, WidgetActionManager::DateTime).isValid());
 
     data.tags().setQuality(0, Quality::Bad);
     data.clock().advance(50);
-    QCOMPARE(pair(samples(0, 9000), 19), (QVariantList{5050, QVariant()})); // a gap
+    QCOMPARE(pair(samples(0, 9000), 19), (QVariantList{5050, QVariant(), 2})); // a gap
     data.tags().rename(0, u("b"));
     data.clock().advance(100);
     QCOMPARE(pair(samples(0, 9000), 19).value(0), QVariant(5150));
     data.trends().addGap(start.addMSecs(5160));
-    QCOMPARE(pair(samples(0, 9000), 19), (QVariantList{5160, QVariant()}));
+    QCOMPARE(pair(samples(0, 9000), 19), (QVariantList{5160, QVariant(), 2}));
     data.clock().setStartTime(start); // what comes later is no longer known
     QVERIFY(samples(1, 9000).isEmpty());
 }
@@ -135,7 +136,7 @@ void tst_TrendStore::fromAFile()
 {
     const QTemporaryDir folder;
     QFile file(folder.filePath(u("t.csv")));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("-1,5\n0,\n1,7\n") > 0);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("-1,5,\n0,,\n1,7,uncertain\n") > 0);
     file.close();
     TestData data;
     data.clock().setStartTime(QDateTime::fromMSecsSinceEpoch(60000));
@@ -149,6 +150,7 @@ void tst_TrendStore::fromAFile()
     QCOMPARE(samples.size(), 3);
     QCOMPARE(pair(samples, 0), (QVariantList{59000, 5.0}));
     QCOMPARE(pair(samples, 1), (QVariantList{60000, QVariant()}));
+    QCOMPARE(pair(samples, 2), (QVariantList{61000, 7.0, 1}));
 }
 
 void tst_TrendStore::editsAreChecked()
