@@ -94,8 +94,8 @@ void AlarmEditor::addColors()
     connect(m_state, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &AlarmEditor::showColors);
     auto *row = new QHBoxLayout;
-    m_background = newColorButton(QStringLiteral("background"), tr("Background"),
-                                  &AlarmInfoData::backgroundColors);
+    m_background =
+        newColorButton(QStringLiteral("background"), tr("Fill"), &AlarmInfoData::backgroundColors);
     m_foreground =
         newColorButton(QStringLiteral("foreground"), tr("Text"), &AlarmInfoData::foregroundColors);
     auto *none = new QToolButton;
@@ -188,6 +188,7 @@ void AlarmEditor::refresh()
     const AlarmInfoData &info = alarm.info;
     const QSignalBlocker blocker(this); // nothing here is the user's work
     m_description->setText(info.description);
+    m_description->setCursorPosition(0);
     m_severity->setCurrentIndex(info.severity);
     m_groups->setText(info.groups.join(QLatin1String(", ")));
     if (m_tag->findData(info.tagName) < 0)

@@ -3,6 +3,7 @@
 #include "data/alarmeditor.h"
 #include "data/tagtable.h"
 #include "data/testdata.h"
+#include "window/icons.h"
 
 #include <QHeaderView>
 #include <QMenu>
@@ -32,7 +33,8 @@ AlarmsPanel::AlarmsPanel(TestData &testData)
     addActionButtons();
     addEditButtons();
     setDetails(m_editor);
-    table().horizontalHeader()->resizeSection(AlarmTable::StateColumn, 190);
+    table().horizontalHeader()->resizeSection(AlarmTable::StateColumn, 180);
+    table().horizontalHeader()->resizeSection(AlarmTable::SeverityColumn, 80);
     connect(m_editor, &AlarmEditor::edited, this, [this](const Alarm &alarm) {
         if (currentRow() >= 0)
             m_data.alarms().edit(currentRow(), alarm);
@@ -52,23 +54,30 @@ void AlarmsPanel::addActionButtons()
         addButton(QLatin1String(entry.name), tr(entry.text),
                   [this, action = entry.action] { m_data.alarms().apply(currentRow(), action); });
     button(QStringLiteral("alarm"))->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    addMenu();
+    addGap();
+}
+
+void AlarmsPanel::addMenu()
+{
     auto *more = addButton(QStringLiteral("more"), tr("More"), [] {});
     auto *menu = new QMenu(more);
     menu->addAction(tr("Acknowledge &all"), this, [this] { m_data.alarms().acknowledgeAll(); });
     menu->addAction(tr("&Reset all"), this, [this] { m_data.alarms().resetAll(); });
-    menu->addAction(tr("&Switch the alarm off or on"), this, [this] { toggleEnabled(); });
+    menu->addAction(tr("&Switch off or on"), this, [this] { toggleEnabled(); });
+    QAction *duplicate = menu->addAction(benchIcon(QStringLiteral("duplicate")), tr("&Duplicate"),
+                                         this, [this] { duplicateAlarm(); });
+    duplicate->setShortcut(Qt::CTRL + Qt::Key_D);
+    duplicate->setShortcutContext(Qt::WidgetShortcut);
+    table().addAction(duplicate);
     more->setMenu(menu);
     more->setPopupMode(QToolButton::InstantPopup);
-    addGap();
 }
 
 void AlarmsPanel::addEditButtons()
 {
     addButton(
         QStringLiteral("add"), tr("Add alarm"), [this] { addAlarm(); }, Qt::Key_Insert);
-    addButton(
-        QStringLiteral("duplicate"), tr("Duplicate alarm"),
-        [this] { setCurrentRow(m_data.alarms().duplicate(currentRow())); }, Qt::CTRL + Qt::Key_D);
     addButton(
         QStringLiteral("remove"), tr("Remove alarm"),
         [this] { m_data.alarms().remove(currentRow()); }, QKeySequence::Delete);
@@ -80,8 +89,7 @@ void AlarmsPanel::showCurrent()
     for (const auto &entry : actionButtons)
         button(QLatin1String(entry.name))
             ->setEnabled(row >= 0 && m_data.alarms().isPossible(row, entry.action));
-    for (const char *name : {"duplicate", "remove"})
-        button(QLatin1String(name))->setEnabled(row >= 0);
+    button(QStringLiteral("remove"))->setEnabled(row >= 0);
     m_editor->setVisible(row >= 0);
     if (row >= 0)
         m_editor->show(m_data.alarms().alarm(row));
@@ -92,6 +100,12 @@ void AlarmsPanel::addAlarm()
     setCurrentRow(m_data.alarms().add(defaultAlarm(tr("alarm 1"))));
     table().setFocus();
     table().edit(table().currentIndex());
+}
+
+void AlarmsPanel::duplicateAlarm()
+{
+    if (currentRow() >= 0)
+        setCurrentRow(m_data.alarms().duplicate(currentRow()));
 }
 
 void AlarmsPanel::toggleEnabled()

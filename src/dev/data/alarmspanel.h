@@ -24,9 +24,11 @@ protected:
     void showCurrent() override;
 
 private:
+    void addMenu();
     void addEditButtons();
     void addActionButtons();
     void addAlarm();
+    void duplicateAlarm();
     void toggleEnabled();
 
     TestData &m_data;

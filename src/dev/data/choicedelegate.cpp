@@ -44,6 +44,12 @@ void ChoiceDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
 void ChoiceDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    const QVariant back = index.data(Qt::BackgroundRole);
+    if (back.isValid()) {
+        option->palette.setColor(QPalette::Highlight, back.value<QColor>());
+        option->palette.setColor(QPalette::HighlightedText,
+                                 index.data(Qt::ForegroundRole).value<QColor>());
+    }
     if (!index.data(ProblemRole).isValid())
         return;
     option->features |= QStyleOptionViewItem::HasDecoration;

@@ -19,7 +19,7 @@ public:
                       const QModelIndex &index) const override;
 
 protected:
-    //! Items with ProblemRole carry a warning sign.
+    //! Items with ProblemRole carry a warning sign; those with a colour keep it when selected.
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };
 

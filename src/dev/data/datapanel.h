@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QWidget>
 
+#include <zpplugin_dev_export.h>
+
 #include <functional>
 
 class QAbstractItemModel;
@@ -18,7 +20,7 @@ namespace NARV::DEV {
 
 //! What the panels of the test data have in common: a row of buttons, a table of a model with a
 //! filter, beside or above it what belongs to the current row, and a line for messages.
-class DataPanel : public QWidget
+class ZPPLUGIN_DEV_EXPORT DataPanel : public QWidget
 {
     Q_OBJECT
 

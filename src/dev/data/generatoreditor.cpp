@@ -77,13 +77,40 @@ void GeneratorEditor::show(TagType type, const GeneratorSettings &settings)
     m_isShown = true;
     m_description->setText(QCoreApplication::translate("NARV::DEV::Generator",
                                                        generatorInfo(settings.kind).description));
+    placeRows();
     for (const Row &row : qAsConst(m_rows)) {
-        const bool isUsed = row.isUsed(settings, type);
-        row.editor->setVisible(isUsed);
-        if (QWidget *label = m_form->labelForField(row.editor))
-            label->setVisible(isUsed);
         const QSignalBlocker blocker(row.editor);
         row.show();
+    }
+}
+
+//! Rows that are hidden would leave their spacing, so only those in use are in the layout.
+void GeneratorEditor::placeRows()
+{
+    QVector<QWidget *> used;
+    for (const Row &row : qAsConst(m_rows)) {
+        const bool isUsed = row.isUsed(m_settings, m_shownType);
+        row.editor->setVisible(isUsed);
+        if (row.label)
+            row.label->setVisible(isUsed);
+        if (isUsed)
+            used.append(row.editor);
+    }
+    if (used == m_placed)
+        return;
+    m_placed = used;
+    while (m_form->rowCount() > 0) {
+        const QFormLayout::TakeRowResult taken = m_form->takeRow(0);
+        delete taken.labelItem;
+        delete taken.fieldItem;
+    }
+    for (const Row &row : qAsConst(m_rows)) {
+        if (!used.contains(row.editor))
+            continue;
+        if (row.label)
+            m_form->addRow(row.label, row.editor);
+        else
+            m_form->addRow(row.editor);
     }
 }
 
@@ -102,8 +129,10 @@ void GeneratorEditor::addRow(const QString &name, const QString &label, QWidget 
 {
     editor->setObjectName(QLatin1String("generator.") + name);
     editor->setAccessibleName(QString(label).remove(QLatin1Char('&')));
-    m_form->addRow(label, editor);
-    m_rows.append({editor, isUsed, show});
+    auto *text = new QLabel(label, this);
+    text->setBuddy(editor);
+    editor->setParent(this);
+    m_rows.append({text, editor, isUsed, show});
 }
 
 static bool always(const Settings &, TagType)
@@ -122,7 +151,8 @@ void GeneratorEditor::addKind()
         edit([index](Settings &settings) { settings.kind = GeneratorKind(index); });
     });
     m_description->setWordWrap(true);
-    m_form->addRow(m_description);
+    m_description->setParent(this);
+    m_rows.append({nullptr, m_description, always, [] {}});
 }
 
 void GeneratorEditor::addNumber(const QString &name, const QString &label,

@@ -31,6 +31,7 @@ private:
     using IsUsed = bool (*)(const GeneratorSettings &settings, TagType type);
     struct Row
     {
+        QLabel *label; // null for none
         QWidget *editor;
         IsUsed isUsed;
         std::function<void()> show;
@@ -41,6 +42,7 @@ private:
     //! The editor is there while isUsed() says so; show() puts the settings into it.
     void addRow(const QString &name, const QString &label, QWidget *editor, IsUsed isUsed,
                 const std::function<void()> &show);
+    void placeRows();
     void addKind();
     void addNumber(const QString &name, const QString &label, double GeneratorSettings::*member,
                    IsUsed isUsed);
@@ -59,6 +61,7 @@ private:
     GeneratorSettings m_shown;
     TagType m_shownType;
     bool m_isShown = false;
+    QVector<QWidget *> m_placed;
 };
 
 } // namespace NARV::DEV

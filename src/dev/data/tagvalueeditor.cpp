@@ -73,7 +73,9 @@ void TagValueEditor::show(const Tag &tag, const QVariant &value)
     m_switch->setChecked(isBool && value.toBool());
     if (!m_slider->isSliderDown())
         showSlider(value.toDouble());
-    const QString text = tagValueText(value);
+    const bool isReal = tagRange(tag.type).maximum > 0 && !m_isWhole;
+    const QString text =
+        isReal && !isArrayType(tag.type) ? shortTagValueText(value) : tagValueText(value);
     const bool isTyping = m_line->hasFocus() && m_line->isModified();
     if (!isTyping && m_line->text() != text)
         m_line->setText(text);
