@@ -383,7 +383,12 @@ QVector<qreal> AlarmListItem::columnWidths(qreal width)
     for (int i = 0; i < int(std::size(contents)); ++i)
         widths.append(qMax(widest(contents[i], fonts[i]), widest({titles.value(i)}, titleFont)));
     widths.append(qMax(width * nameShare, widest({titles.value(widths.size())}, titleFont)));
-    const qreal needed = std::accumulate(widths.begin(), widths.end(), 0.0);
+    const auto sum = [&widths] { return std::accumulate(widths.begin(), widths.end(), 0.0); };
+    for (int dispensable : {2, 1}) { // the severity, which has a colour, then the state
+        if (sum() > width * (1 - descriptionShare))
+            widths[dispensable] = 0;
+    }
+    const qreal needed = sum();
     const qreal rest = qMax(width - needed, width * descriptionShare);
     for (qreal &column : widths)
         column *= qMin(1.0, (width - rest) / needed);
@@ -397,6 +402,8 @@ void AlarmListItem::drawCells(QPainter &painter, const QRectF &row, const QStrin
     const QVector<qreal> widths = columnWidths(rest.width());
     for (int i = 0; i < columnCount; ++i) {
         const QRectF cell = takeLeft(rest, widths[i]);
+        if (cell.width() <= 2 * padding)
+            continue;
         drawElidedText(painter, cell.adjusted(padding, 0, -padding, 0), cells.value(i), fonts[i],
                        ink);
     }

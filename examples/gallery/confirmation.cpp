@@ -37,8 +37,8 @@ void Confirmation::draw(QPainter &painter, const QString &question, const QFont 
                         const ControlColors &colors, int pressedPart) const
 {
     drawPlate(painter, m_area, {colors.plate.lighter(110), colors.ink, 2, gap});
-    drawFittedText(painter, m_question, Qt::AlignCenter, question, font,
-                   legible(colors.ink, colors.plate.lighter(110)));
+    drawWrappedText(painter, m_question, question, font,
+                    legible(colors.ink, colors.plate.lighter(110)));
     drawSymbolButton(painter, m_no, Symbol::Reject, pressedPart == No, colors);
     drawSymbolButton(painter, m_yes, Symbol::Accept, pressedPart == Yes, colors);
 }

@@ -164,8 +164,6 @@ void ControlItem::draw(QPainter &painter, const QRectF &area)
     painter.setOpacity(opacity);
     if (m_isInterlocked)
         drawLock(painter, area);
-    else if (hasFocus() && isAtRunTime())
-        drawPlate(painter, area, {{}, colors().ink, focusWidth, 0});
 }
 
 void ControlItem::drawLock(QPainter &painter, const QRectF &area)
@@ -180,8 +178,10 @@ void ControlItem::drawLock(QPainter &painter, const QRectF &area)
 }
 
 void ControlItem::drawButton(QPainter &painter, const QRectF &area, const QColor &fill,
-                             qreal radius, bool isPressed)
+                             qreal radius, bool isPressed, bool canHaveFocus)
 {
+    const bool isFocused = canHaveFocus && hasFocus() && isAtRunTime();
     drawPlate(painter, area,
-              {isPressed ? fill.darker(pressedDarkness) : fill, color("frameColor"), 1, radius});
+              {isPressed ? fill.darker(pressedDarkness) : fill,
+               isFocused ? colors().ink : color("frameColor"), isFocused ? focusWidth : 1, radius});
 }

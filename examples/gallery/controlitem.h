@@ -38,9 +38,10 @@ protected:
     bool isAsking() const { return bool(m_action); }
     //! The value of the tag whose name a field holds; invalid if the field is empty.
     QVariant tagOf(const char *fieldId);
-    //! A button in the fields' "frameColor", darker while it is pressed.
+    //! A button in the fields' "frameColor", darker while it is pressed. The frame of the one that
+    //! the keyboard acts on is as dark as the text.
     void drawButton(QPainter &painter, const QRectF &area, const QColor &fill, qreal radius,
-                    bool isPressed);
+                    bool isPressed, bool canHaveFocus);
 
     void initEvent(NARV::InitEvent *event) override;
     void deinitEvent(NARV::DeinitEvent *event) override;

@@ -44,6 +44,17 @@ void drawFittedText(QPainter &painter, const QRectF &area, int alignment, const 
         drawLine(painter, area, alignment, text, fitted(font, text, area.size()), color);
 }
 
+void drawWrappedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
+                     const QColor &color)
+{
+    static constexpr int flags = int(Qt::AlignCenter) | Qt::TextWordWrap;
+    if (!area.contains(QFontMetricsF(font).boundingRect(area, flags, text)))
+        return drawFittedText(painter, area, Qt::AlignCenter, text, font, color);
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.drawText(area, flags, text);
+}
+
 void drawElidedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
                     const QColor &color)
 {
@@ -99,6 +110,13 @@ qreal lineHeight(const QFont &font)
 qreal textWidth(const QFont &font, const QString &text)
 {
     return QFontMetricsF(font).horizontalAdvance(text);
+}
+
+int labelInterval(int ticks, qreal length, qreal label)
+{
+    if (!(length > 0))
+        return qMax(1, ticks);
+    return qBound(1, int(std::ceil(ticks * label / length)), qMax(1, ticks));
 }
 
 QRectF takeTop(QRectF &area, qreal height)

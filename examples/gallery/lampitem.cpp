@@ -64,6 +64,8 @@ QRectF LampItem::drawText(QPainter &painter, const QRectF &area)
     const int position = integer("textPosition");
     QRectF rest = area;
     QRectF place = area;
+    if (position == Below && lineHeight(textFont) > area.height() / 2)
+        return area;
     if (position == Below)
         place = takeBottom(rest, lineHeight(textFont));
     else if (position == Right)

@@ -313,7 +313,7 @@ void NumericInputItem::drawControl(QPainter &painter, const QRectF &)
 void NumericInputItem::drawStepButton(QPainter &painter, const QRectF &area, int direction)
 {
     const int part = direction > 0 ? Plus : Minus;
-    drawButton(painter, area, colors().plate, 0, pressedPart() == part);
+    drawButton(painter, area, colors().plate, 0, pressedPart() == part, false);
     painter.save();
     if (!canStep(direction))
         painter.setOpacity(painter.opacity() * spentOpacity);
@@ -335,7 +335,7 @@ QString NumericInputItem::hint()
 
 void NumericInputItem::drawValue(QPainter &painter, const QRectF &area)
 {
-    const bool isActive = m_isTyping || hasFocus();
+    const bool isActive = isAtRunTime() && (m_isTyping || hasFocus());
     drawPlate(painter, area,
               {color("backgroundColor"), color(isActive ? "focusColor" : "frameColor"),
                isActive ? 2.0 : 1.0, 0});

@@ -133,7 +133,7 @@ void PushButtonItem::drawControl(QPainter &painter, const QRectF &area)
 {
     const bool isPressed = pressedPart() != noPart;
     drawButton(painter, area, color(flag("value") ? "activeColor" : "buttonColor"),
-               integer("cornerRadius"), isPressed);
+               integer("cornerRadius"), isPressed, true);
     QRectF inside = area.adjusted(padding, padding, -padding, -padding);
     if (isPressed)
         inside.translate(0, 1);

@@ -143,7 +143,7 @@ void SelectorItem::drawButtons(QPainter &painter)
     for (int i = 0; i < entries.size(); ++i) {
         const bool isSelected = i == selected();
         drawButton(painter, buttons[i], color(isSelected ? "selectedColor" : "buttonColor"),
-                   integer("cornerRadius"), i == pressedPart());
+                   integer("cornerRadius"), i == pressedPart(), isSelected);
         drawFittedText(painter, buttons[i].adjusted(gap, 0, -gap, 0), Qt::AlignCenter, entries[i],
                        fontOf("entries"), color(isSelected ? "selectedTextColor" : "textColor"));
     }
@@ -152,7 +152,7 @@ void SelectorItem::drawButtons(QPainter &painter)
 void SelectorItem::drawList(QPainter &painter, const QRectF &area)
 {
     drawButton(painter, area, color("buttonColor"), integer("cornerRadius"),
-               pressedPart() != noPart);
+               pressedPart() != noPart, true);
     QRectF rest = area.adjusted(padding, 0, -padding, 0);
     drawSymbol(painter, takeRight(rest, qMin(area.height(), area.width() / 4)), Symbol::Down,
                color("selectedColor"));

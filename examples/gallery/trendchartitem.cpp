@@ -355,9 +355,14 @@ void TrendChartItem::drawValueAxis(QPainter &painter, const QRectF &plot, const 
 {
     const QFont axisFont = font("axisFont");
     const qreal height = lineHeight(axisFont);
-    for (const Scale::Tick &tick : axis.scale.ticks(axis.divisions)) {
+    const QVector<Scale::Tick> ticks = axis.scale.ticks(axis.divisions);
+    const int interval = labelInterval(ticks.size() - 1, plot.height(), height);
+    for (int i = 0; i < ticks.size(); ++i) {
+        const Scale::Tick &tick = ticks[i];
         const qreal y = plot.bottom() - tick.fraction * plot.height();
         drawGridLine(painter, {plot.left(), y}, {plot.right(), y});
+        if (i % interval != 0)
+            continue;
         const QRectF label(0, y - height / 2, plot.left() - padding / 2, height);
         drawFittedText(painter, label, Qt::AlignRight | Qt::AlignVCenter,
                        decimalText(tick.value, axis.decimals), axisFont, color("scaleColor"));

@@ -7,6 +7,7 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QTouchEvent>
 #include <QWidget>
+#include <QtNumeric>
 
 #include <algorithm>
 
@@ -49,6 +50,9 @@ void GraphicsObjectPrivate::deinit()
 
 void GraphicsObjectPrivate::resize(const QSizeF &newSize)
 {
+    // The scene would look for such an item for ever.
+    if (!qIsFinite(newSize.width()) || !qIsFinite(newSize.height()))
+        return;
     if (qFuzzyCompare(newSize.width(), size.width()) &&
         qFuzzyCompare(newSize.height(), size.height()))
         return;

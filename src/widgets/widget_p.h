@@ -44,7 +44,7 @@ public:
     QVariant getFieldValue(const QString &fieldId, bool internal);
     //! Converts the value to the type of the field and stores it. A write of plugin code emits
     //! fieldIsChanged(), also when nothing has changed; a change is told to the widget and its
-    //! graphics objects if sendEvent is set.
+    //! graphics objects if sendEvent is set. A value that is no number equals itself.
     void setFieldValue(const QString &fieldId, const QVariant &value, bool internal,
                        bool sendEvent);
     //! Tells the widget and its graphics objects of an alarm.

@@ -161,6 +161,14 @@ void tst_Palette::icons()
     const QImage bar = imageOf(model.index(0, 0, group));
     QVERIFY(bar != before);
     QVERIFY(imageOf(model.index(1, 0, group)) != bar);
+    // One that draws nothing has an icon of its own.
+    const QModelIndex watchdog = model.index(0, 0, model.index(0, 0, model.index(1, 0)));
+    QCOMPARE(imageOf(watchdog), before);
+    QTRY_COMPARE(changed.size(), 3);
+    const QImage own = imageOf(watchdog);
+    QImage blank(own.size(), own.format());
+    blank.fill(Qt::transparent);
+    QVERIFY(own != before && own != blank);
     QVERIFY(m_session.reload());
     QCOMPARE(imageOf(model.index(0, 0, model.index(0, 0, model.index(0, 0)))), before);
     takeLog();

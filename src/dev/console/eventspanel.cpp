@@ -35,7 +35,7 @@ EventsPanel::EventsPanel(EventLog &events, EventFilterModel *filter, QWidget *pa
             [this](const QModelIndex &, int first) { addWidgetNames(first); });
     addWidgetNames(0);
     setColumnSamples({QStringLiteral("00:00:00.000"), QStringLiteral("Field change"),
-                      QStringLiteral("numericDisplay12")});
+                      QStringLiteral("selector12")});
     setSpareColumns({EventLog::TimeColumn, EventLog::KindColumn});
 }
 

@@ -6,6 +6,7 @@
 
 #include <NARV/GraphicsObject>
 #include <NARV/LogHandler>
+#include <NARV/NullGraphicsObject>
 #include <NARV/Widget>
 
 #include <QGraphicsScene>
@@ -84,10 +85,10 @@ QIcon WidgetIcons::make(const Key &key) const
         const WidgetSample sample(*m_session.plugin(), *m_session.library(), description,
                                   m_language);
         QIcon icon;
-        if (sample.item())
+        if (sample.item() && !qobject_cast<NullGraphicsObject *>(sample.item()))
             icon = picture(*sample.item());
         else if (sample.widget())
-            icon = sample.widget()->icon();
+            icon = QIcon(sample.widget()->icon().pixmap(pictureSize)); // without the plugin's code
         return icon.isNull() ? generalIcon() : icon;
     } catch (...) { // a plugin may throw what it likes
         const LogHandler handler(m_session.library()->id(), nullptr, 0, nullptr, "BENCH");

@@ -45,7 +45,7 @@ NumberEditor::NumberEditor(QWidget *parent)
 QVariant NumberEditor::read(const QString &text) const
 {
     bool isNumber = false;
-    if (m_spec.type == FieldType::Integer) {
+    if (m_kind.type == FieldType::Integer) {
         const int integer = text.toInt(&isNumber);
         return isNumber ? integer : QVariant();
     }
@@ -61,7 +61,7 @@ QVariant NumberEditor::value() const
 
 void NumberEditor::setValue(const QVariant &value)
 {
-    m_box->lineEdit()->setText(valueText(value, m_spec));
+    m_box->lineEdit()->setText(valueText(value, m_kind));
     m_box->selectAll();
     setModified(false);
 }
@@ -71,7 +71,7 @@ QString NumberEditor::problem() const
     if (value().isValid())
         return {};
     const QString text = m_box->lineEdit()->text();
-    return m_spec.type == FieldType::Integer
+    return m_kind.type == FieldType::Integer
                ? tr("\"%1\" is not a whole number of at most 32 bits.").arg(text)
                : tr("\"%1\" is not a number.").arg(text);
 }
@@ -79,11 +79,11 @@ QString NumberEditor::problem() const
 void NumberEditor::step(int steps)
 {
     double number = value().toDouble() + steps;
-    if (m_spec.minimum.isValid())
-        number = qMax(number, m_spec.minimum.toDouble());
-    if (m_spec.maximum.isValid())
-        number = qMin(number, m_spec.maximum.toDouble());
-    const bool isInteger = m_spec.type == FieldType::Integer;
+    if (m_kind.minimum.isValid())
+        number = qMax(number, m_kind.minimum.toDouble());
+    if (m_kind.maximum.isValid())
+        number = qMin(number, m_kind.maximum.toDouble());
+    const bool isInteger = m_kind.type == FieldType::Integer;
     const QString next = isInteger ? QString::number(number, 'f', 0) : numberText(number);
     if (!read(next).isValid()) // beyond the range of int
         return;

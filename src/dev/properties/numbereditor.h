@@ -14,7 +14,7 @@ class NumberEditor : public PropertyEditor
 public:
     explicit NumberEditor(QWidget *parent);
 
-    void setSpec(const ValueSpec &spec) override { m_spec = spec; }
+    void setKind(const ValueKind &kind) override { m_kind = kind; }
     //! Invalid if the text is no such number.
     QVariant value() const override;
     void setValue(const QVariant &value) override;
@@ -24,7 +24,7 @@ private:
     QVariant read(const QString &text) const;
     void step(int steps);
 
-    ValueSpec m_spec;
+    ValueKind m_kind;
     NumberBox *m_box;
 };
 

@@ -19,10 +19,10 @@ OptionEditor::OptionEditor(QWidget *parent)
     connect(m_box, QOverload<int>::of(&QComboBox::activated), this, &OptionEditor::take);
 }
 
-void OptionEditor::setSpec(const ValueSpec &spec)
+void OptionEditor::setKind(const ValueKind &kind)
 {
     m_box->clear();
-    for (const Choice &choice : spec.choices)
+    for (const Choice &choice : kind.choices)
         m_box->addItem(choice.text, choice.value);
 }
 

@@ -6,7 +6,7 @@ class QComboBox;
 
 namespace NARV::DEV {
 
-//! One of the choices of its spec, by text. A value that is none of them is kept and shown.
+//! One of the choices of its kind, by text. A value that is none of them is kept and shown.
 class OptionEditor : public PropertyEditor
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class OptionEditor : public PropertyEditor
 public:
     explicit OptionEditor(QWidget *parent);
 
-    void setSpec(const ValueSpec &spec) override;
+    void setKind(const ValueKind &kind) override;
     QVariant value() const override;
     void setValue(const QVariant &value) override;
 

@@ -19,11 +19,11 @@ PropertyDelegate::PropertyDelegate(QObject *parent)
 QWidget *PropertyDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
                                         const QModelIndex &index) const
 {
-    const auto spec = index.data(PropertyModel::SpecRole).value<ValueSpec>();
-    auto *editor = qobject_cast<PropertyEditor *>(m_editors.createEditor(spec.type, parent));
+    const auto kind = index.data(PropertyModel::KindRole).value<ValueKind>();
+    auto *editor = qobject_cast<PropertyEditor *>(m_editors.createEditor(kind.type, parent));
     if (!editor)
         return nullptr;
-    editor->setSpec(spec);
+    editor->setKind(kind);
     editor->setObjectName(QStringLiteral("propertyEditor"));
     const QModelIndex name = index.siblingAtColumn(PropertyModel::NameColumn);
     editor->setAccessibleName(name.data().toString());
@@ -122,8 +122,8 @@ static QIcon bindingIcon(const QModelIndex &index)
 {
     if (!index.data(PropertyModel::BindableRole).toBool())
         return {};
-    const auto spec = index.data(PropertyModel::SpecRole).value<ValueSpec>();
-    return benchIcon(spec.type == FieldType::Trend ? QStringLiteral("trend")
+    const auto kind = index.data(PropertyModel::KindRole).value<ValueKind>();
+    return benchIcon(kind.type == FieldType::Trend ? QStringLiteral("trend")
                                                    : QStringLiteral("tag"));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "properties/valuespec.h"
+#include "properties/valuekind.h"
 
 #include <QWidget>
 
@@ -25,7 +25,7 @@ public:
     explicit PropertyEditor(QWidget *parent);
 
     //! Called before the first value.
-    virtual void setSpec(const ValueSpec &) {}
+    virtual void setKind(const ValueKind &) {}
     virtual QVariant value() const = 0;
     //! Shows a value; does not make the editor modified.
     virtual void setValue(const QVariant &value) = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "properties/valuespec.h"
+#include "properties/valuekind.h"
 
 #include <QItemEditorFactory>
 

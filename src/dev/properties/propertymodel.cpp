@@ -180,7 +180,7 @@ Qt::ItemFlags PropertyModel::flags(const QModelIndex &index) const
         return flags;
     flags |= Qt::ItemIsEditable;
     flags.setFlag(Qt::ItemIsUserCheckable,
-                  index.column() == ValueColumn && row.part.spec.type == FieldType::Bool);
+                  index.column() == ValueColumn && row.part.kind.type == FieldType::Bool);
     return flags;
 }
 
@@ -211,8 +211,8 @@ QString PropertyModel::toolTip(const PropertyItem &item) const
 {
     if (!item.field.isValid())
         return item.part.name.toHtmlEscaped();
-    const ValueSpec &spec = item.owner().part.spec;
-    const QString tip = fieldToolTip(item.field, spec, m_source.language());
+    const ValueKind &kind = item.owner().part.kind;
+    const QString tip = fieldToolTip(item.field, kind, m_source.language());
     const QString why = reason(item.field.id());
     return why.isEmpty() ? tip : tip + tr("<br/><i>Hidden: %1</i>").arg(why.toHtmlEscaped());
 }
@@ -271,8 +271,8 @@ QVariant PropertyModel::nameData(const PropertyItem &item, int role) const
         return item.part.name;
     case Qt::EditRole:
         return isMapEntry(item) ? item.part.name.toInt() : QVariant(item.part.name);
-    case SpecRole:
-        return QVariant::fromValue(ValueSpec{FieldType::Integer, {}, {}, {}});
+    case KindRole:
+        return QVariant::fromValue(ValueKind{FieldType::Integer, {}, {}, {}});
     default:
         return {};
     }
@@ -285,20 +285,20 @@ QVariant PropertyModel::valueData(const PropertyItem &item, int role) const
     const auto value = [&] {
         return inLanguage(propertyValue(item, m_source), m_source.language());
     };
-    const ValueSpec &spec = item.part.spec;
-    const bool isReference = spec.type == FieldType::Tag || spec.type == FieldType::Trend;
+    const ValueKind &kind = item.part.kind;
+    const bool isReference = kind.type == FieldType::Tag || kind.type == FieldType::Trend;
     switch (role) {
     case Qt::DisplayRole:
-        return valueText(value(), spec);
+        return valueText(value(), kind);
     case Qt::EditRole:
         return value();
     case Qt::DecorationRole:
-        return valueDecoration(value(), spec);
+        return valueDecoration(value(), kind);
     case Qt::CheckStateRole:
-        return spec.type != FieldType::Bool ? QVariant()
+        return kind.type != FieldType::Bool ? QVariant()
                                             : (value().toBool() ? Qt::Checked : Qt::Unchecked);
-    case SpecRole:
-        return QVariant::fromValue(isReference ? bindingSpec(item.field, m_source) : spec);
+    case KindRole:
+        return QVariant::fromValue(isReference ? bindingKind(item.field, m_source) : kind);
     default:
         return {};
     }
@@ -312,8 +312,8 @@ QVariant PropertyModel::tagData(const PropertyItem &item, int role) const
     case Qt::AccessibleTextRole:
     case Qt::EditRole:
         return m_source.binding(item.valueId);
-    case SpecRole:
-        return QVariant::fromValue(bindingSpec(item.field, m_source));
+    case KindRole:
+        return QVariant::fromValue(bindingKind(item.field, m_source));
     default:
         return {};
     }
@@ -330,7 +330,7 @@ bool PropertyModel::setData(const QModelIndex &index, const QVariant &value, int
         return false;
     if (index.column() == NameColumn)
         return setKey(row, value.toInt());
-    if (index.column() == ValueColumn && !row.part.spec.type)
+    if (index.column() == ValueColumn && !row.part.kind.type)
         return false;
     if (index.column() == ValueColumn)
         return setEdited(row, value);
@@ -340,7 +340,7 @@ bool PropertyModel::setData(const QModelIndex &index, const QVariant &value, int
 
 bool PropertyModel::setEdited(const PropertyItem &item, const QVariant &edited)
 {
-    if (item.part.spec.type == FieldType::Tag || item.part.spec.type == FieldType::Trend) {
+    if (item.part.kind.type == FieldType::Tag || item.part.kind.type == FieldType::Trend) {
         m_source.bind(item.valueId, edited.toString());
         return true;
     }
@@ -363,30 +363,30 @@ void PropertyModel::write(const PropertyItem &item, const QVariant &value)
         m_source.setValue(item.valueId, value);
 }
 
-static QVariant clamped(const QVariant &value, const ValueSpec &spec)
+static QVariant clamped(const QVariant &value, const ValueKind &kind)
 {
-    if (spec.minimum.isValid() && value.toDouble() < spec.minimum.toDouble())
-        return spec.minimum;
-    if (spec.maximum.isValid() && value.toDouble() > spec.maximum.toDouble())
-        return spec.maximum;
+    if (kind.minimum.isValid() && value.toDouble() < kind.minimum.toDouble())
+        return kind.minimum;
+    if (kind.maximum.isValid() && value.toDouble() > kind.maximum.toDouble())
+        return kind.maximum;
     return value;
 }
 
 QVariant PropertyModel::checked(const PropertyItem &item, const QVariant &value)
 {
-    const ValueSpec &spec = item.part.spec;
-    if (spec.type != FieldType::Integer && spec.type != FieldType::Double)
+    const ValueKind &kind = item.part.kind;
+    if (kind.type != FieldType::Integer && kind.type != FieldType::Double)
         return value;
     const QVariant taken = item.isPart()
-                               ? clamped(value, spec)
+                               ? clamped(value, kind)
                                : INTERNAL::WidgetLibraryPluginUtils::fieldValueCheckBeforeSet(
-                                     spec.type, value, item.valueId, m_source.description());
+                                     kind.type, value, item.valueId, m_source.description());
     if (taken.toDouble() < value.toDouble())
         Q_EMIT notice(tr("%1 is above the maximum: set to %2.")
-                          .arg(valueText(value, spec), valueText(taken, spec)));
+                          .arg(valueText(value, kind), valueText(taken, kind)));
     if (taken.toDouble() > value.toDouble())
         Q_EMIT notice(tr("%1 is below the minimum: set to %2.")
-                          .arg(valueText(value, spec), valueText(taken, spec)));
+                          .arg(valueText(value, kind), valueText(taken, kind)));
     return taken;
 }
 

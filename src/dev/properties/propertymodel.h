@@ -21,7 +21,7 @@ public:
     };
     enum Role
     {
-        SpecRole = Qt::UserRole, //!< ValueSpec of what EditRole holds
+        KindRole = Qt::UserRole, //!< ValueKind of what EditRole holds
         IdRole,                  //!< the id of the value that the row shows or is a part of
         PathRole,                //!< names of the row and its parents, the same for other widgets
         HiddenRole,              //!< the requirements are not met

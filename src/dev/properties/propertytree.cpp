@@ -93,7 +93,7 @@ static QVector<Choice> tagChoices(const FieldMetaInformation &field, const Prope
     return choices;
 }
 
-ValueSpec bindingSpec(const FieldMetaInformation &field, const PropertySource &source)
+ValueKind bindingKind(const FieldMetaInformation &field, const PropertySource &source)
 {
     const bool isTrend = field.type() == FieldType::Trend;
     return {isTrend ? FieldType::Trend : FieldType::Tag,

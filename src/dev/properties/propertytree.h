@@ -49,6 +49,6 @@ QVariant propertyValue(const PropertyItem &item, const PropertySource &source);
 QVariant propertyDefault(const PropertyItem &item, const PropertySource &source);
 PartContext partContext(const PropertyItem &item, const PropertySource &source);
 //! What may be bound to the field, "none" included.
-ValueSpec bindingSpec(const FieldMetaInformation &field, const PropertySource &source);
+ValueKind bindingKind(const FieldMetaInformation &field, const PropertySource &source);
 
 } // namespace NARV::DEV

@@ -48,11 +48,11 @@ void ReferenceEditor::addRow(const QString &text, const QString &name)
     m_names.appendRow(row);
 }
 
-void ReferenceEditor::setSpec(const ValueSpec &spec)
+void ReferenceEditor::setKind(const ValueKind &kind)
 {
     m_names.clear();
     addRow(tr("(none)"), QString());
-    for (const Choice &choice : spec.choices)
+    for (const Choice &choice : kind.choices)
         addRow(choice.detail.isEmpty() ? choice.text
                                        : tr("%1 (%2)").arg(choice.text, choice.detail),
                choice.value.toString());

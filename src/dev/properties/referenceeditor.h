@@ -10,7 +10,7 @@ class QListView;
 
 namespace NARV::DEV {
 
-//! A tag or a trend out of those of the spec, or none; typing filters the list by name and type.
+//! A tag or a trend out of those of the kind, or none; typing filters the list by name and type.
 class ReferenceEditor : public PropertyEditor
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class ReferenceEditor : public PropertyEditor
 public:
     explicit ReferenceEditor(QWidget *parent);
 
-    void setSpec(const ValueSpec &spec) override;
+    void setKind(const ValueKind &kind) override;
     QVariant value() const override;
     void setValue(const QVariant &value) override;
     QString problem() const override;

@@ -79,25 +79,25 @@ QStringList fontFamilies()
     return families;
 }
 
-static ValueSpec familySpec()
+static ValueKind familyKind()
 {
-    ValueSpec spec{FieldType::Option, {}, {}, {}};
+    ValueKind kind{FieldType::Option, {}, {}, {}};
     for (const QString &family : fontFamilies())
-        spec.choices.append({family, family, {}});
-    return spec;
+        kind.choices.append({family, family, {}});
+    return kind;
 }
 
-static ValueSpec sizeSpec()
+static ValueKind sizeKind()
 {
     return {FieldType::Integer, 1, std::numeric_limits<short>::max(), {}};
 }
 
-static ValueSpec flagSpec()
+static ValueKind flagKind()
 {
     return {FieldType::Bool, {}, {}, {}};
 }
 
-static ValueSpec styleSpec()
+static ValueKind styleKind()
 {
     return {FieldType::Option,
             {},
@@ -111,29 +111,29 @@ static Parts fontParts(const PartContext &context)
     static const struct
     {
         const Text &(FieldMetaInformation::*label)() const;
-        ValueSpec (*spec)();
+        ValueKind (*kind)();
         QVariant (*get)(const QFont &font);
         void (*set)(QFont &font, const QVariant &part);
     } rows[] = {
-        {&FieldMetaInformation::displayFontFamily, familySpec,
+        {&FieldMetaInformation::displayFontFamily, familyKind,
          [](const QFont &font) { return QVariant(font.family()); },
          [](QFont &font, const QVariant &part) { font.setFamily(part.toString()); }},
-        {&FieldMetaInformation::displayFontSize, sizeSpec,
+        {&FieldMetaInformation::displayFontSize, sizeKind,
          [](const QFont &font) { return QVariant(font.pointSize()); },
          [](QFont &font, const QVariant &part) { font.setPointSize(qMax(1, part.toInt())); }},
-        {&FieldMetaInformation::displayFontBold, flagSpec,
+        {&FieldMetaInformation::displayFontBold, flagKind,
          [](const QFont &font) { return QVariant(font.bold()); },
          [](QFont &font, const QVariant &part) { font.setBold(part.toBool()); }},
-        {&FieldMetaInformation::displayFontStyle, styleSpec,
+        {&FieldMetaInformation::displayFontStyle, styleKind,
          [](const QFont &font) { return QVariant(font.italic()); },
          [](QFont &font, const QVariant &part) { font.setItalic(part.toBool()); }},
-        {&FieldMetaInformation::displayFontUnderline, flagSpec,
+        {&FieldMetaInformation::displayFontUnderline, flagKind,
          [](const QFont &font) { return QVariant(font.underline()); },
          [](QFont &font, const QVariant &part) { font.setUnderline(part.toBool()); }},
     };
     Parts parts;
     for (const auto &row : rows) {
-        parts.append({(context.field.*row.label)().get(context.language, true), row.spec(),
+        parts.append({(context.field.*row.label)().get(context.language, true), row.kind(),
                       [&row](const QVariant &whole) { return row.get(whole.value<QFont>()); },
                       [&row](const QVariant &whole, const QVariant &part) {
                           auto font = whole.value<QFont>();

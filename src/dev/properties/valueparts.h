@@ -1,6 +1,6 @@
 #pragma once
 
-#include "properties/valuespec.h"
+#include "properties/valuekind.h"
 #include "scene/authoredvalue.h"
 
 #include <QStringList>
@@ -14,7 +14,7 @@ namespace NARV::DEV {
 struct ValuePart
 {
     QString name;
-    ValueSpec spec;
+    ValueKind kind;
     std::function<QVariant(const QVariant &whole)> get;
     //! The whole with another part.
     std::function<QVariant(const QVariant &whole, const QVariant &part)> set;

@@ -29,17 +29,17 @@ QString numberText(double number)
     return QString::number(number, 'g', QLocale::FloatingPointShortest);
 }
 
-static QString textOnOneLine(const QVariant &value, const ValueSpec &)
+static QString textOnOneLine(const QVariant &value, const ValueKind &)
 {
     return value.toString().replace(QLatin1Char('\n'), QStringLiteral(" ⏎ "));
 }
 
-static QString entriesText(const QVariant &value, const ValueSpec &spec)
+static QString entriesText(const QVariant &value, const ValueKind &kind)
 {
     const bool isMap = isTextMap(value);
     QStringList texts;
     for (const TextEntry &entry : textEntries(value)) {
-        const QString text = textOnOneLine(entry.text, spec);
+        const QString text = textOnOneLine(entry.text, kind);
         texts += isMap ? QStringLiteral("%1: ").arg(entry.key) + text : text;
     }
     if (texts.isEmpty())
@@ -47,14 +47,14 @@ static QString entriesText(const QVariant &value, const ValueSpec &spec)
     return texts.join(QStringLiteral(", "));
 }
 
-static QString choiceText(const QVariant &value, const ValueSpec &spec)
+static QString choiceText(const QVariant &value, const ValueKind &kind)
 {
-    const auto choice = std::find_if(spec.choices.begin(), spec.choices.end(),
+    const auto choice = std::find_if(kind.choices.begin(), kind.choices.end(),
                                      [&value](const Choice &c) { return c.value == value; });
-    return choice == spec.choices.end() ? value.toString() : choice->text;
+    return choice == kind.choices.end() ? value.toString() : choice->text;
 }
 
-static QString fontText(const QVariant &value, const ValueSpec &)
+static QString fontText(const QVariant &value, const ValueKind &)
 {
     const auto font = value.value<QFont>();
     QStringList words{font.family(), QString::number(font.pointSize())};
@@ -67,7 +67,7 @@ static QString fontText(const QVariant &value, const ValueSpec &)
     return words.join(QStringLiteral(", "));
 }
 
-static QString colorText(const QVariant &value, const ValueSpec &)
+static QString colorText(const QVariant &value, const ValueKind &)
 {
     const auto color = value.value<QColor>();
     if (!color.isValid())
@@ -80,24 +80,24 @@ static QString nameOrNone(const QString &name)
     return name.isEmpty() ? translated(QT_TRANSLATE_NOOP("ValueTexts", "(none)")) : name;
 }
 
-static QString imageText(const QVariant &value, const ValueSpec &)
+static QString imageText(const QVariant &value, const ValueKind &)
 {
     return nameOrNone(QFileInfo(value.toString()).fileName());
 }
 
-static QString referenceText(const QVariant &value, const ValueSpec &)
+static QString referenceText(const QVariant &value, const ValueKind &)
 {
     return nameOrNone(value.toString());
 }
 
-static QString plainText(const QVariant &value, const ValueSpec &)
+static QString plainText(const QVariant &value, const ValueKind &)
 {
     return value.toString();
 }
 
-QString valueText(const QVariant &value, const ValueSpec &spec)
+QString valueText(const QVariant &value, const ValueKind &kind)
 {
-    using Writer = QString (*)(const QVariant &, const ValueSpec &);
+    using Writer = QString (*)(const QVariant &, const ValueKind &);
     // In the order of the field types.
     static const Writer writers[] = {
         plainText, // undefined
@@ -105,7 +105,7 @@ QString valueText(const QVariant &value, const ValueSpec &spec)
         entriesText,
         entriesText,
         plainText, // integer
-        [](const QVariant &number, const ValueSpec &) { return numberText(number.toDouble()); },
+        [](const QVariant &number, const ValueKind &) { return numberText(number.toDouble()); },
         plainText, // bool
         choiceText,
         colorText,
@@ -115,10 +115,10 @@ QString valueText(const QVariant &value, const ValueSpec &spec)
         referenceText, // trend
     };
     static_assert(std::size(writers) == FieldType::Trend + 1);
-    const bool mayBeNone = spec.type >= FieldType::Image;
+    const bool mayBeNone = kind.type >= FieldType::Image;
     if (!value.isValid() && !mayBeNone)
         return translated(QT_TRANSLATE_NOOP("ValueTexts", "(no value)"));
-    return writers[spec.type](value, spec);
+    return writers[kind.type](value, kind);
 }
 
 //! A checkerboard shines through what is transparent.
@@ -152,11 +152,11 @@ static QVariant thumbnail(const QString &path)
     return small.isNull() ? QVariant() : small;
 }
 
-QVariant valueDecoration(const QVariant &value, const ValueSpec &spec)
+QVariant valueDecoration(const QVariant &value, const ValueKind &kind)
 {
-    if (spec.type == FieldType::Color && value.value<QColor>().isValid())
+    if (kind.type == FieldType::Color && value.value<QColor>().isValid())
         return swatch(value.value<QColor>());
-    if (spec.type == FieldType::Image && !value.toString().isEmpty())
+    if (kind.type == FieldType::Image && !value.toString().isEmpty())
         return thumbnail(value.toString());
     return {};
 }
@@ -171,14 +171,14 @@ static QString line(const char *label, const QString &text)
     return text.isEmpty() ? QString() : line(translated(label) + QLatin1Char(' ') + text);
 }
 
-static QString boundsText(const ValueSpec &spec)
+static QString boundsText(const ValueKind &kind)
 {
-    if (!spec.minimum.isValid() && !spec.maximum.isValid())
+    if (!kind.minimum.isValid() && !kind.maximum.isValid())
         return {};
-    const auto bound = [&spec](const QVariant &value) {
-        return value.isValid() ? valueText(value, spec) : QStringLiteral("∞");
+    const auto bound = [&kind](const QVariant &value) {
+        return value.isValid() ? valueText(value, kind) : QStringLiteral("∞");
     };
-    return QStringLiteral("%1 … %2").arg(bound(spec.minimum), bound(spec.maximum));
+    return QStringLiteral("%1 … %2").arg(bound(kind.minimum), bound(kind.maximum));
 }
 
 static QString acceptedTypes(const FieldMetaInformation &field)
@@ -190,14 +190,14 @@ static QString acceptedTypes(const FieldMetaInformation &field)
     return names.join(QStringLiteral(", "));
 }
 
-static QString defaultText(const FieldMetaInformation &field, const ValueSpec &spec,
+static QString defaultText(const FieldMetaInformation &field, const ValueKind &kind,
                            const QString &language)
 {
     const QVariant value = inLanguage(field.defaultValue(), language);
-    return value.isValid() ? valueText(value, spec) : QString();
+    return value.isValid() ? valueText(value, kind) : QString();
 }
 
-QString fieldToolTip(const FieldMetaInformation &field, const ValueSpec &spec,
+QString fieldToolTip(const FieldMetaInformation &field, const ValueKind &kind,
                      const QString &language)
 {
     using Library = INTERNAL::WidgetLibraryPluginMetaInformation;
@@ -210,8 +210,8 @@ QString fieldToolTip(const FieldMetaInformation &field, const ValueSpec &spec,
                .arg(label, Library::fieldTypeToString(field.type()), flags) +
            line(field.description().get(language, true)) +
            line(QT_TRANSLATE_NOOP("ValueTexts", "Id:"), field.id()) +
-           line(QT_TRANSLATE_NOOP("ValueTexts", "Range:"), boundsText(spec)) +
-           line(QT_TRANSLATE_NOOP("ValueTexts", "Default:"), defaultText(field, spec, language)) +
+           line(QT_TRANSLATE_NOOP("ValueTexts", "Range:"), boundsText(kind)) +
+           line(QT_TRANSLATE_NOOP("ValueTexts", "Default:"), defaultText(field, kind, language)) +
            line(QT_TRANSLATE_NOOP("ValueTexts", "Accepts tags of:"), acceptedTypes(field)) +
            line(QT_TRANSLATE_NOOP("ValueTexts", "Only if:"), field.requirements());
 }

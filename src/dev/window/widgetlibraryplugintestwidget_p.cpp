@@ -83,7 +83,7 @@ void Private::connectParts()
     connect(welcome, &WelcomePage::openLibraryRequested, this, &Private::chooseLibrary);
     connect(welcome, &WelcomePage::recentRequested, this, &Private::openPlugin);
     connect(failure, &FailureCard::retryRequested, &session, &PluginSession::open);
-    connect(failure, &FailureCard::openAnywayRequested, &session, &PluginSession::openAnyway);
+    connect(failure, &FailureCard::loadAnywayRequested, &session, &PluginSession::openAnyway);
     connect(failure, &FailureCard::openAnotherRequested, this, &Private::chooseFolder);
     connect(palette, &PalettePanel::placeRequested, this, &Private::placeInView);
     connect(view, &PageView::menuRequested, this, &Private::showContextMenu);
@@ -198,8 +198,8 @@ void Private::addLanguageActions(QMenu *menu)
 void Private::addScenarioActions(QMenu *menu)
 {
     for (const Scenario &scenario : scenarios()) {
-        QAction *action = menu->addAction(scenarioTitle(scenario));
-        action->setToolTip(scenarioDescription(scenario));
+        QAction *action = menu->addAction(scenario.title());
+        action->setToolTip(scenario.description());
         connect(action, &QAction::triggered, this,
                 [this, &scenario] { data.scenarios().run(scenario); });
     }

@@ -35,11 +35,6 @@ namespace NARV::DEV {
 
 using Private = WidgetLibraryPluginTestWidgetPrivate;
 
-static QString tr(const char *text)
-{
-    return WidgetLibraryPluginTestWidget::tr(text);
-}
-
 void Private::buildFrame()
 {
     frame->setWindowFlags(Qt::Widget);

@@ -268,7 +268,7 @@ void tst_PropertyModel::bindings()
     const QModelIndex tag = tree.model.indexOf(u("limit"), PropertyModel::TagColumn);
     QVERIFY(tree.model.setData(tag, u("level"), Qt::EditRole));
     QCOMPARE(tree.source.binding(u("limit")), u("level"));
-    QCOMPARE(tag.data(PropertyModel::SpecRole).value<ValueSpec>().choices.size(), 3);
+    QCOMPARE(tag.data(PropertyModel::KindRole).value<ValueKind>().choices.size(), 3);
     const QModelIndex other = tree.model.indexOf(u("show"), PropertyModel::TagColumn);
     QVERIFY(!tree.model.setData(other, u("level"), Qt::EditRole));
 }

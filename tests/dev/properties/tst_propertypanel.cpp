@@ -158,9 +158,9 @@ void tst_PropertyPanel::tagsOfTheMachine()
     }
     const PlacedWidget &selector = m_bench->place("selector");
     const QModelIndex interlock = m_bench->model().indexOf(u("interlockTag"));
-    const auto spec = interlock.data(PropertyModel::SpecRole).value<ValueSpec>();
-    QCOMPARE(spec.choices.size(), 1);
-    QCOMPARE(spec.choices[0].text, u("running"));
+    const auto kind = interlock.data(PropertyModel::KindRole).value<ValueKind>();
+    QCOMPARE(kind.choices.size(), 1);
+    QCOMPARE(kind.choices[0].text, u("running"));
     QVERIFY(m_bench->set("interlockTag", u("running")));
     QCOMPARE(selector.binding(u("interlockTag")), u("running"));
 }

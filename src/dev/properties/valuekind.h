@@ -20,7 +20,7 @@ struct Choice
 };
 
 //! What an editor has to know of the values that it edits.
-struct ValueSpec
+struct ValueKind
 {
     FieldType type;
     QVariant minimum; //!< of numbers; invalid for no bound
@@ -30,4 +30,4 @@ struct ValueSpec
 
 } // namespace NARV::DEV
 
-Q_DECLARE_METATYPE(NARV::DEV::ValueSpec)
+Q_DECLARE_METATYPE(NARV::DEV::ValueKind)
