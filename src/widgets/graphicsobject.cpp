@@ -26,8 +26,8 @@ GraphicsObject::GraphicsObject(const GraphicsObjectData &data)
 GraphicsObject::~GraphicsObject()
 {
     Q_D(GraphicsObject);
-    if (d->widget)
-        INTERNAL::WidgetPrivateAccessor::priv(d->widget)->graphicsObjects.removeAll(this);
+    if (d->owner)
+        d->owner->forget(this);
 }
 
 const QString &GraphicsObject::id() const

@@ -265,7 +265,7 @@ void tst_PluginSession::failureCard()
 {
     FailureCard card;
     QSignalSpy retry(&card, &FailureCard::retryRequested);
-    QSignalSpy anyway(&card, &FailureCard::openAnywayRequested);
+    QSignalSpy anyway(&card, &FailureCard::loadAnywayRequested);
     LoadFailure failure = LoadFailure::of(Kind::Crash, u("/a/b"), u("It crashed"), {u("signal")});
     card.setFailure(failure);
     auto *button = card.findChild<QPushButton *>(u("loadAnyway"));

@@ -1,10 +1,13 @@
 #include "console/eventlog.h"
 
+#include "console/recordtime.h"
+
+#include <QDateTime>
+
 namespace NARV::DEV {
 
 static const int eventCapacity = 10000;
 static const int batchMs = 50;
-static const QLatin1String timeFormat("HH:mm:ss.zzz");
 
 static const struct
 {
@@ -38,7 +41,7 @@ EventLog::~EventLog() = default;
 
 void EventLog::add(Kind kind, const QString &widget, const QString &text)
 {
-    m_pending.append({QDateTime::currentDateTime(), kind, widget, text});
+    m_pending.append({QDateTime::currentMSecsSinceEpoch(), kind, widget, text});
     if (m_pending.size() >= capacity())
         flush();
     else if (!m_timer.isActive())
@@ -81,12 +84,17 @@ int EventLog::columnCount(const QModelIndex &parent) const
 
 QVariant EventLog::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+    if (!index.isValid())
         return {};
     const EventRecord &event = record(index.row());
+    if (role == Qt::ToolTipRole)
+        return recordToolTip({recordTime(event.time), kindName(event.kind), event.widget},
+                             event.text);
+    if (role != Qt::DisplayRole)
+        return {};
     switch (index.column()) {
     case TimeColumn:
-        return event.time.toString(timeFormat);
+        return recordTime(event.time);
     case KindColumn:
         return kindName(event.kind);
     case WidgetColumn:

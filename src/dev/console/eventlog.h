@@ -2,7 +2,6 @@
 
 #include "console/recordtable.h"
 
-#include <QDateTime>
 #include <QTimer>
 
 #include <zpplugin_dev_export.h>
@@ -22,7 +21,7 @@ enum class EventKind
 //! One entry of the event log.
 struct EventRecord
 {
-    QDateTime time;
+    qint64 time = 0; //!< milliseconds since the epoch
     EventKind kind = EventKind::Life;
     QString widget; //!< its name on the page; empty for none
     QString text;

@@ -106,6 +106,8 @@ public:
     //! What a widget asks for; an unknown name is logged.
     void acknowledge(const QString &name);
     void reset(const QString &name);
+    void acknowledgeAll() { applyToAll(AlarmAction::Acknowledge); }
+    void resetAll() { applyToAll(AlarmAction::Reset); }
 
     //! Raises and clears the alarms that have a limit for that tag, each time it passes one. No
     //! value, a text and NaN pass none.

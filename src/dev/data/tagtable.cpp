@@ -351,12 +351,11 @@ QVariant TagTable::data(const QModelIndex &index, int role) const
         return {};
     const int row = index.row();
     const int column = index.column();
-    constexpr int longestShown = 80;
     switch (role) {
     case Qt::DisplayRole:
-        return column == ValueColumn && !value(row).isValid()
-                   ? tr("(none)")
-                   : display(row, column).toString().left(longestShown);
+        if (column == ValueColumn)
+            return value(row).isValid() ? shortTagValueText(value(row)) : tr("(none)");
+        return display(row, column);
     case Qt::EditRole:
         return display(row, column);
     case ChoicesRole:

@@ -76,22 +76,16 @@ TagRange tagRange(TagType type)
     return {0, 0, false};
 }
 
-static QString shortText(const QVariant &value)
-{
-    constexpr int longest = 40;
-    const QString text = tagValueText(value);
-    return text.size() > longest ? text.left(longest) + QChar(0x2026) : text;
-}
-
 static QString notA(const QVariant &value, const char *what)
 {
-    return tr("“%1” is not %2").arg(shortText(value), tr(what));
+    return tr("“%1” is not %2").arg(shortTagValueText(value), tr(what));
 }
 
 static QString outOfRange(const QVariant &value, const WholeRange &range)
 {
     return tr("%1 is out of the range from %2 to %3")
-        .arg(shortText(value), QString::number(range.minimum), QString::number(range.maximum));
+        .arg(shortTagValueText(value), QString::number(range.minimum),
+             QString::number(range.maximum));
 }
 
 static bool isText(const QVariant &value)
@@ -126,7 +120,9 @@ static QVariant toWhole(const QVariant &value)
         return {};
     number = std::round(number);
     constexpr double twoTo63 = 9223372036854775808.0;
-    if (number >= -twoTo63 && number < twoTo63)
+    // a text that rounds to the least number of 64 bits would have been read above if it were it
+    const bool isTooLow = isText(value) ? number <= -twoTo63 : number < -twoTo63;
+    if (!isTooLow && number < twoTo63)
         return qlonglong(number);
     return number >= twoTo63 && number < 2 * twoTo63 ? QVariant(qulonglong(number))
                                                      : QVariant(number);
@@ -239,27 +235,37 @@ QString toTagValue(TagType type, QVariant &value)
     return isArrayType(type) ? toArray(elementType(type), value) : toElement(type, value);
 }
 
-static QString realText(double number, int decimals)
-{
-    return QString::number(number, 'g', decimals);
-}
-
-QString tagValueText(const QVariant &value)
+//! With that many digits of a float and of a double.
+static QString valueText(const QVariant &value, int floatDigits, int doubleDigits)
 {
     switch (value.userType()) {
     case QMetaType::Float:
-        return realText(double(value.toFloat()), std::numeric_limits<float>::digits10 + 1);
+        return QString::number(double(value.toFloat()), 'g', floatDigits);
     case QMetaType::Double:
-        return QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
+        return QString::number(value.toDouble(), 'g', doubleDigits);
     case QMetaType::QVariantList: {
         QStringList texts;
         for (const QVariant &element : value.toList())
-            texts.append(tagValueText(element));
+            texts.append(valueText(element, floatDigits, doubleDigits));
         return texts.join(QLatin1String(", "));
     }
     default:
         return value.toString();
     }
+}
+
+QString tagValueText(const QVariant &value)
+{
+    return valueText(value, std::numeric_limits<float>::max_digits10 - 1,
+                     QLocale::FloatingPointShortest);
+}
+
+QString shortTagValueText(const QVariant &value)
+{
+    constexpr int digits = 6;
+    constexpr int longest = 80;
+    const QString text = valueText(value, digits, digits);
+    return text.size() > longest ? text.left(longest) + QChar(0x2026) : text;
 }
 
 } // namespace NARV::DEV

@@ -38,5 +38,7 @@ ZPPLUGIN_DEV_EXPORT QString toTagValue(TagType type, QVariant &value);
 
 //! The value as a person writes it and toTagValue() reads it; empty for no value.
 ZPPLUGIN_DEV_EXPORT QString tagValueText(const QVariant &value);
+//! The same for reading only: six digits of each number, and not too long.
+ZPPLUGIN_DEV_EXPORT QString shortTagValueText(const QVariant &value);
 
 } // namespace NARV::DEV

@@ -1,7 +1,7 @@
 #include "data/testdata.h"
 
 #include "data/alarmtable.h"
-#include "data/scenarios.h"
+#include "data/scenarioplayer.h"
 #include "data/simulationclock.h"
 #include "data/tagtable.h"
 #include "data/testdatafile.h"

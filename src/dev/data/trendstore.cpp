@@ -390,7 +390,7 @@ Qt::ItemFlags TrendStore::flags(const QModelIndex &index) const
 
 QVariant TrendStore::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    const QString titles[] = {tr("Name"), tr("Source"), tr("Interval (ms)"), tr("Keep"),
+    const QString titles[] = {tr("Name"), tr("Source"), tr("Every (ms)"), tr("Keep"),
                               tr("Samples")};
     const bool isTitle = orientation == Qt::Horizontal && role == Qt::DisplayRole;
     return isTitle && section >= 0 && section < ColumnCount

@@ -11,6 +11,7 @@
 namespace NARV::DEV {
 
 static const int cardWidth = 560;
+static const int rowWidth = 440; //!< the buttons fit in a row
 static const double titleScale = 1.3;
 
 static QLabel *addLabel(QVBoxLayout *layout, const QString &name, const QString &accessibleName)
@@ -25,7 +26,7 @@ static QLabel *addLabel(QVBoxLayout *layout, const QString &name, const QString 
     return label;
 }
 
-static QPushButton *addButton(QVBoxLayout *layout, const QString &name, const char *icon,
+static QPushButton *addButton(QBoxLayout *layout, const QString &name, const char *icon,
                               const QString &text)
 {
     auto *button = new QPushButton(benchIcon(QLatin1String(icon)), text);
@@ -60,13 +61,15 @@ FailureCard::FailureCard(QWidget *parent)
     m_words->setTabChangesFocus(true);
     layout->addWidget(m_words);
     m_advice = addLabel(layout, QStringLiteral("advice"), tr("What to do next"));
-    m_retry = addButton(layout, QStringLiteral("retry"), "reload", tr("&Retry"));
-    m_anyway = addButton(layout, QStringLiteral("loadAnyway"), "warning", tr("&Load anyway"));
-    m_another = addButton(layout, QStringLiteral("openAnother"), "open", tr("Open a&nother..."));
+    m_buttons = new QBoxLayout(QBoxLayout::TopToBottom);
+    layout->addLayout(m_buttons);
+    m_retry = addButton(m_buttons, QStringLiteral("retry"), "reload", tr("&Retry"));
+    m_anyway = addButton(m_buttons, QStringLiteral("loadAnyway"), "warning", tr("&Load anyway"));
+    m_another = addButton(m_buttons, QStringLiteral("openAnother"), "open", tr("Open a&nother..."));
     connect(m_retry, &QPushButton::clicked, this,
             [this] { Q_EMIT retryRequested(m_failure.path); });
     connect(m_anyway, &QPushButton::clicked, this,
-            [this] { Q_EMIT openAnywayRequested(m_failure.path); });
+            [this] { Q_EMIT loadAnywayRequested(m_failure.path); });
     connect(m_another, &QPushButton::clicked, this, &FailureCard::openAnotherRequested);
 }
 
@@ -85,6 +88,7 @@ void FailureCard::setFailure(const LoadFailure &failure)
 void FailureCard::resizeEvent(QResizeEvent *event)
 {
     QFrame::resizeEvent(event);
+    m_buttons->setDirection(width() < rowWidth ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     elidePath();
 }
 

@@ -4,6 +4,7 @@
 
 #include <QFrame>
 
+class QBoxLayout;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
@@ -22,7 +23,7 @@ public:
 
 Q_SIGNALS:
     void retryRequested(const QString &path);
-    void openAnywayRequested(const QString &path);
+    void loadAnywayRequested(const QString &path);
     void openAnotherRequested();
 
 protected:
@@ -37,6 +38,7 @@ private:
     QLabel *m_path;
     QPlainTextEdit *m_words;
     QLabel *m_advice;
+    QBoxLayout *m_buttons;
     QPushButton *m_retry;
     QPushButton *m_anyway;
     QPushButton *m_another;

@@ -2,13 +2,10 @@
 
 #include "probe/probeprocess.h"
 #include "probe/probereport.h"
+#include "session/widgetsample.h"
 
-#include <NARV/GraphicsObject>
-#include <NARV/INTERNAL/GraphicsObjectPrivateAccessor>
 #include <NARV/INTERNAL/PluginLoader>
 #include <NARV/INTERNAL/WidgetLibraryPluginData>
-#include <NARV/INTERNAL/WidgetLibraryPluginPrivateAccessor>
-#include <NARV/INTERNAL/WidgetPrivateAccessor>
 
 #include <algorithm>
 
@@ -16,42 +13,19 @@ namespace NARV::DEV {
 
 using INTERNAL::PluginLoader;
 using INTERNAL::WidgetLibraryPluginData;
-using INTERNAL::WidgetLibraryPluginMetaInformation;
 using PROBE::ProbeReport;
-
-//! Makes a widget as the page does, with its default values, and deletes it.
-static void tryWidget(const WidgetLibraryPluginData &plugin,
-                      const WidgetLibraryPluginMetaInformation::WidgetMetaInformation &description)
-{
-    const auto *maker = INTERNAL::WidgetLibraryPluginPrivateAccessor::priv(plugin.instance());
-    const std::unique_ptr<Widget> widget(
-        maker->newWidgetInstance(description.id(), description.version().version(),
-                                 plugin.metaInformation()->id(), description.fieldInfo(), nullptr));
-    if (!widget)
-        return;
-    WidgetPrivate *d = INTERNAL::WidgetPrivateAccessor::priv(widget.get());
-    for (const auto &field : description.fields()) {
-        if (!field.isMultiLanguageText())
-            d->setFieldValue(field.id(), field.defaultValue(), true, false);
-    }
-    const std::unique_ptr<GraphicsObject> item(d->newGraphicsObjectInstance());
-    if (item)
-        INTERNAL::GraphicsObjectPrivateAccessor::priv(item.get())
-            ->resize(description.defaultSize().isValid() ? description.defaultSize()
-                                                         : QSizeF(100, 100));
-    d->init();
-    d->deinit();
-}
 
 static void examine(PluginLoader &loader, const WidgetLibraryPluginData &plugin,
                     const QStringList &, ProbeReport &report)
 {
     report.stage(QStringLiteral("running its load functions"));
     loader.init();
-    for (const auto &description : plugin.metaInformation()->widgets()) {
+    const auto &library = *plugin.metaInformation();
+    for (const auto &description : library.widgets()) {
         report.stage(QStringLiteral("making the widget \"%1\" (%2)")
                          .arg(description.id(), description.version().version()));
-        tryWidget(plugin, description);
+        const WidgetSample sample(*plugin.instance(), library, description,
+                                  library.defaultLanguage());
     }
     report.stage(QStringLiteral("running its unload functions"));
     loader.deinit();

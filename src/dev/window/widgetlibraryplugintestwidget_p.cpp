@@ -1,6 +1,7 @@
 #include "window/widgetlibraryplugintestwidget_p.h"
 
 #include "data/scenario.h"
+#include "data/scenarioplayer.h"
 #include "data/simulationclock.h"
 #include "palette/palettepanel.h"
 #include "properties/propertypanel.h"
@@ -14,10 +15,10 @@
 #include "window/welcomepage.h"
 #include "window/widgetlibraryplugintestwidget.h"
 
-#include <QActionGroup>
 #include <QClipboard>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QMenu>
@@ -72,7 +73,7 @@ void Private::connectParts()
         Q_EMIT q_ptr->pluginLoaded();
     });
     connect(&session, &PluginSession::failed, this, [this](const LoadFailure &reason) {
-        failure->show(reason);
+        failure->setFailure(reason);
         pages->setCurrentWidget(failure);
         updateActions();
         Q_EMIT q_ptr->pluginFailed(reason.title);
@@ -81,9 +82,8 @@ void Private::connectParts()
     connect(welcome, &WelcomePage::openFolderRequested, this, &Private::chooseFolder);
     connect(welcome, &WelcomePage::openLibraryRequested, this, &Private::chooseLibrary);
     connect(welcome, &WelcomePage::recentRequested, this, &Private::openPlugin);
-    connect(failure, &FailureCard::retryRequested, &session, &PluginSession::reload);
-    connect(failure, &FailureCard::loadAnywayRequested, &session,
-            [this] { session.openAnyway(session.path()); });
+    connect(failure, &FailureCard::retryRequested, &session, &PluginSession::open);
+    connect(failure, &FailureCard::loadAnywayRequested, &session, &PluginSession::openAnyway);
     connect(failure, &FailureCard::openAnotherRequested, this, &Private::chooseFolder);
     connect(palette, &PalettePanel::placeRequested, this, &Private::placeInView);
     connect(view, &PageView::menuRequested, this, &Private::showContextMenu);
@@ -177,19 +177,6 @@ void Private::chooseLibrary()
     dialog->open();
 }
 
-void Private::addRecentActions(QMenu *menu)
-{
-    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
-        menu->clear();
-        const QStringList paths = recent ? recent->paths() : QStringList();
-        for (const QString &path : paths)
-            connect(menu->addAction(path), &QAction::triggered, this,
-                    [this, path] { openPlugin(path); });
-        if (paths.isEmpty())
-            menu->addAction(tr("Nothing was opened yet"))->setEnabled(false);
-    });
-}
-
 void Private::addLanguageActions(QMenu *menu)
 {
     connect(menu, &QMenu::aboutToShow, this, [this, menu] {
@@ -213,9 +200,13 @@ void Private::addScenarioActions(QMenu *menu)
     for (const Scenario &scenario : scenarios()) {
         QAction *action = menu->addAction(scenario.title());
         action->setToolTip(scenario.description());
-        connect(action, &QAction::triggered, this, [this, &scenario] { scenario.run(data); });
+        connect(action, &QAction::triggered, this,
+                [this, &scenario] { data.scenarios().run(scenario); });
     }
     menu->setToolTipsVisible(true);
+    menu->addSeparator();
+    connect(menu->addAction(tr("Back to normal")), &QAction::triggered, &data.scenarios(),
+            &ScenarioPlayer::restore);
 }
 
 void Private::placeInView(const QString &widgetId, const QString &version)
@@ -380,6 +371,8 @@ void Private::useSettings()
 {
     recent = new RecentPlugins(*settings, this);
     welcome->setRecent(recent->paths());
+    recent->fill(*actions[QStringLiteral("recent")]->menu());
+    connect(recent, &RecentPlugins::openRequested, this, &Private::openPlugin);
     connect(recent, &RecentPlugins::changed, this, [this] { welcome->setRecent(recent->paths()); });
     const int chosen = settings->value(QStringLiteral("theme")).toInt();
     setTheme(Theme(qBound(0, chosen, int(Theme::Dark))));

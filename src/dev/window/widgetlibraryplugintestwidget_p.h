@@ -8,7 +8,7 @@
 #include "window/scenekeeper.h"
 #include "window/theme.h"
 
-#include <QPointer>
+#include <QHash>
 
 class QAction;
 class QDockWidget;
@@ -60,7 +60,6 @@ public:
     void setTheme(Theme theme);
     void chooseBackground();
     void setFingers(int fingers);
-    void addRecentActions(QMenu *menu);
     void addLanguageActions(QMenu *menu);
     void offerUnsavedWork();
     void useSettings();

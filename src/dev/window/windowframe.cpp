@@ -35,11 +35,6 @@ namespace NARV::DEV {
 
 using Private = WidgetLibraryPluginTestWidgetPrivate;
 
-static QString tr(const char *text)
-{
-    return WidgetLibraryPluginTestWidget::tr(text);
-}
-
 void Private::buildFrame()
 {
     frame->setWindowFlags(Qt::Widget);
@@ -112,7 +107,6 @@ void Private::buildMenus()
     for (const char *name : {"touch-none", "touch-one", "touch-two", "touch-three"})
         touch->addAction(actions[QLatin1String(name)]);
     actions[QStringLiteral("touch-none")]->setChecked(true);
-    addRecentActions(actions[QStringLiteral("recent")]->menu());
     addLanguageActions(actions[QStringLiteral("language")]->menu());
     addThemeActions(actions[QStringLiteral("theme")]->menu());
     addPageActions(actions[QStringLiteral("page")]->menu());

@@ -167,7 +167,7 @@ static const struct
     {"root", "", "1:1"},
     {"member", "list", "3:11"},
     {"element", "list[1]", "3:23"},
-    {"inner", "list[1].n[1]", "3:34"},
+    {"inner", "list[1].n[1]", "3:33"},
     {"missing member", "list[0].z", "3:13"},
     {"too far", "list[7]", "3:11"},
 };

@@ -121,6 +121,7 @@ void tst_SceneDocument::boundTagsReachTheWidget()
     m_bench->data.tags().add(tag);
     document.bind(widget, u("value"), u("level"));
     QCOMPARE(widget.fieldValue(u("value")), QVariant(33.0));
+    document.deliverPending();
     QSignalSpy changed(&widget, &PlacedWidget::fieldChanged);
     m_bench->data.writeTag(u("level"), 44);
     QTRY_COMPARE(widget.fieldValue(u("value")), QVariant(44.0));
@@ -174,6 +175,7 @@ void tst_SceneDocument::modeAndReloadKeepValues()
     QSignalSpy loaded(&m_bench->session, &PluginSession::loaded);
     m_bench->session.reload();
     QTRY_COMPARE(loaded.count(), 1);
+    takeLog();
     QVERIFY(widget.item());
     QCOMPARE(widget.fieldValue(u("value")), QVariant(42.0));
     m_bench->session.close();

@@ -64,9 +64,9 @@ static const struct
     const char *by;
     const char *problem; //!< without line and column
 } faultRows[] = {
-    {"no JSON", "\"format\"", "format", "4:5: invalid object"},
+    {"no JSON", "\"format\"", "format", ": unterminated object"},
     {"other format", "zpplugin-bench-page", "drawing", "format: is not \"zpplugin-bench-page\""},
-    {"later version", "\"version\": 1\n", "\"version\": 2\n", "version: "},
+    {"later version", "\"version\": 1,", "\"version\": 2,", "version: "},
     {"no widgets", "\"widgets\"", "\"Widgets\"", "widgets: "},
     {"page without area", "800,", "0,", "page.size: two numbers from 1 to"},
     {"no colour", "#44112233", "dark", "page.background: a colour such as"},

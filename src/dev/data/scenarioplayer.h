@@ -10,22 +10,7 @@
 namespace NARV::DEV {
 
 class TestData;
-
-//! One of the unpleasant things that happen to a widget.
-struct Scenario
-{
-    const char *id;
-    const char *title;       //!< to be translated
-    const char *description; //!< to be translated
-    bool isForTags;          //!< the caller may choose the tags
-    //! Does it to these tags and says to how many tags or alarms.
-    int (*run)(TestData &data, const QStringList &tags);
-};
-
-//! All of them, in the order of the menu.
-ZPPLUGIN_DEV_EXPORT const QVector<Scenario> &scenarios();
-ZPPLUGIN_DEV_EXPORT QString scenarioTitle(const Scenario &scenario);
-ZPPLUGIN_DEV_EXPORT QString scenarioDescription(const Scenario &scenario);
+struct Scenario;
 
 //! Runs scenarios and undoes them. What they do is in no file.
 class ZPPLUGIN_DEV_EXPORT ScenarioPlayer : public QObject

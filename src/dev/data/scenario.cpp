@@ -1,6 +1,7 @@
-#include "data/scenarios.h"
+#include "data/scenario.h"
 
-#include "data/simulationclock.h"
+#include "data/alarmtable.h"
+#include "data/scenarioplayer.h"
 #include "data/tagtable.h"
 #include "data/testdata.h"
 
@@ -210,48 +211,19 @@ const QVector<Scenario> &scenarios()
     return all;
 }
 
-QString scenarioTitle(const Scenario &scenario)
+QString Scenario::title() const
 {
-    return QCoreApplication::translate("NARV::DEV::Scenario", scenario.title);
+    return QCoreApplication::translate("NARV::DEV::Scenario", untranslatedTitle);
 }
 
-QString scenarioDescription(const Scenario &scenario)
+QString Scenario::description() const
 {
-    return QCoreApplication::translate("NARV::DEV::Scenario", scenario.description);
+    return QCoreApplication::translate("NARV::DEV::Scenario", untranslatedDescription);
 }
 
-ScenarioPlayer::ScenarioPlayer(TestData &data, QObject *parent)
-    : QObject(parent)
-    , m_data(data)
+int Scenario::run(TestData &data, const QStringList &tags) const
 {
-}
-
-ScenarioPlayer::~ScenarioPlayer() = default;
-
-int ScenarioPlayer::run(const Scenario &scenario, const QStringList &tags)
-{
-    if (!m_isActive)
-        m_alarms = m_data.alarms().snapshot();
-    const int count = scenario.run(m_data, tags.isEmpty() ? m_data.tags().names() : tags);
-    setActive(m_isActive || count > 0);
-    return count;
-}
-
-void ScenarioPlayer::restore()
-{
-    if (!m_isActive)
-        return;
-    m_data.tags().release(m_data.tags().names());
-    m_data.alarms().restore(m_alarms);
-    setActive(false);
-}
-
-void ScenarioPlayer::setActive(bool active)
-{
-    if (active == m_isActive)
-        return;
-    m_isActive = active;
-    Q_EMIT activeChanged();
+    return data.scenarios().run(*this, tags);
 }
 
 } // namespace NARV::DEV
