@@ -13,6 +13,12 @@ PropertyEditor::PropertyEditor(QWidget *parent)
     connect(qApp, &QApplication::focusChanged, this, &PropertyEditor::watchFocus);
 }
 
+// A widget that goes loses the focus when all but the plain QWidget is gone already.
+PropertyEditor::~PropertyEditor()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void PropertyEditor::take()
 {
     m_isModified = true;

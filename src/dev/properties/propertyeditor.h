@@ -23,6 +23,7 @@ public:
     };
 
     explicit PropertyEditor(QWidget *parent);
+    ~PropertyEditor() override;
 
     //! Called before the first value.
     virtual void setKind(const ValueKind &) {}
