@@ -163,17 +163,24 @@ void tst_PageView::keyboard()
     QTest::mouseRelease(m_bench->view.viewport(), Qt::LeftButton, {}, at({300, 300}));
 }
 
+//! The toolkit delivers a drop where a drag has entered.
+static void drop(QWidget *target, const QPoint &position, const QMimeData &data)
+{
+    QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &enter);
+    QDropEvent event(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &event);
+}
+
 void tst_PageView::dropping()
 {
     QMimeData dropped;
     dropped.setData(PageView::widgetMimeType(), "lamp\n1.0.0");
-    QDropEvent event(at({300, 250}), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(m_bench->view.viewport(), &event);
+    drop(m_bench->view.viewport(), at({300, 250}), dropped);
     QCOMPARE(m_bench->document.widgets().size(), 1);
     QCOMPARE(centreOf(m_bench->document.currentWidget()->state()), QPointF(300, 250));
     dropped.setData(PageView::widgetMimeType(), "lamp");
-    QDropEvent broken(at({300, 250}), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(m_bench->view.viewport(), &broken);
+    drop(m_bench->view.viewport(), at({300, 250}), dropped);
     QCOMPARE(m_bench->document.widgets().size(), 1);
 }
 
