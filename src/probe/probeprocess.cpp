@@ -1,5 +1,6 @@
 #include "probe/probeprocess.h"
 
+#include "probe/pluginapplication.h"
 #include "probe/probereport.h"
 #include "probe/process.h"
 
@@ -8,7 +9,6 @@
 #include <NARV/INTERNAL/WidgetLibraryPluginData>
 #include <NARV/LogHandler>
 
-#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QPluginLoader>
@@ -53,21 +53,10 @@ static QString libraryPath(const QString &path)
                : QFileInfo(path).absoluteFilePath();
 }
 
-//! Leaves out what Qt says of the machine before the plugin comes into play.
-static void printFatalMessage(QtMsgType type, const QMessageLogContext &, const QString &message)
-{
-    if (type == QtFatalMsg)
-        std::fputs(message.toLocal8Bit().constData(), stderr);
-}
-
 int runProbe(int argc, char **argv, Examination examine)
 {
     ProbeReport report;
-    // A plugin may make pixmaps and widgets; the machine need not have a display.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(printFatalMessage);
-    const QApplication app(argc, argv);
-    qInstallMessageHandler(nullptr);
+    const auto app = makePluginApplication(argc, argv);
     QStringList arguments = QApplication::arguments();
     arguments = arguments.mid(arguments.indexOf(probeCommand) + 1);
     if (arguments.size() < 2)

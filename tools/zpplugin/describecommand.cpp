@@ -1,9 +1,9 @@
 #include "describecommand.h"
 
 #include "output/descriptionprinter.h"
-#include "output/text.h"
 #include "plugin/descriptionjson.h"
 #include "plugin/probecommand.h"
+#include "terminal/text.h"
 
 #include <NARV/INTERNAL/MetaDataChecker>
 

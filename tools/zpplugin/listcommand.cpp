@@ -1,9 +1,9 @@
 #include "listcommand.h"
 
 #include "output/table.h"
-#include "output/text.h"
 #include "plugin/descriptionjson.h"
 #include "plugin/probecommand.h"
+#include "terminal/text.h"
 
 #include <QDir>
 #include <QJsonArray>

@@ -36,6 +36,21 @@ QList<WidgetState> aligned(QList<WidgetState> states, Qt::AlignmentFlag alignmen
     return states;
 }
 
+QList<WidgetState> inRows(QList<WidgetState> states, double width, QSizeF &room)
+{
+    static const double gap = 16;
+    QPointF next(gap, gap);
+    room = QSizeF(gap, gap);
+    for (WidgetState &state : states) {
+        if (next.x() > gap && next.x() + state.size.width() + gap > width)
+            next = QPointF(gap, room.height());
+        state.position = next;
+        next.rx() += state.size.width() + gap;
+        room = room.expandedTo(QSizeF(next.x(), next.y() + state.size.height() + gap));
+    }
+    return states;
+}
+
 //! Moves each of them one place up, past one that stays.
 static void raise(QStringList &names, const QStringList &moved)
 {

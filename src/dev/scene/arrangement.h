@@ -14,6 +14,11 @@ namespace NARV::DEV {
 ZPPLUGIN_DEV_EXPORT QList<WidgetState> aligned(QList<WidgetState> states,
                                                Qt::AlignmentFlag alignment);
 
+//! The widgets in rows, in their order and as high as their sizes make them, no wider than that
+//! unless one widget is; room is the size that they take.
+ZPPLUGIN_DEV_EXPORT QList<WidgetState> inRows(QList<WidgetState> states, double width,
+                                              QSizeF &room);
+
 //! Where in the stacking order widgets go.
 enum class Stacking
 {

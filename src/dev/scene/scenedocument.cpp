@@ -50,7 +50,7 @@ SceneDocument::SceneDocument(PluginSession &session, TestData &data, EventLog &e
 
 SceneDocument::~SceneDocument()
 {
-    m_undoStack.disconnect(this);
+    m_undoStack.disconnect();
     m_session.disconnect(this);
     m_data.disconnect(this);
     qDeleteAll(m_widgets);
@@ -133,15 +133,18 @@ void SceneDocument::applyPage(const Page &page)
     Q_EMIT pageChanged();
 }
 
-QString SceneDocument::freshName(const QString &widgetId, const QStringList &taken) const
+//! The widget's id, with a number if there is one already.
+void SceneDocument::giveFreshNames(QList<WidgetState> &states) const
 {
-    const auto isTaken = [&](const QString &name) {
-        return m_byName.contains(name) || taken.contains(name);
-    };
-    QString name = widgetId;
-    for (int number = 2; isTaken(name); ++number)
-        name = QStringLiteral("%1 %2").arg(widgetId).arg(number);
-    return name;
+    QHash<QString, int> numbers; // by widget id, the last one tried
+    for (WidgetState &state : states) {
+        int &number = numbers[state.widgetId];
+        do {
+            ++number;
+            state.name = number == 1 ? state.widgetId
+                                     : QStringLiteral("%1 %2").arg(state.widgetId).arg(number);
+        } while (m_byName.contains(state.name));
+    }
 }
 
 // What can be undone
@@ -154,10 +157,7 @@ PlacedWidget *SceneDocument::place(const QString &widgetId, const QString &versi
         library ? library->widgets().value({widgetId, version}) : WidgetMetaInformation();
     if (!description.isValid())
         return nullptr;
-    WidgetState state;
-    state.widgetId = widgetId;
-    state.version = version;
-    state.size = description.defaultSize().isEmpty() ? QSizeF(160, 120) : description.defaultSize();
+    WidgetState state = WidgetState::of(description);
     state.position = centre - QPointF(state.size.width() / 2, state.size.height() / 2);
     add({state}, {}, tr("Place %1").arg(widgetId));
     return currentWidget();
@@ -167,18 +167,17 @@ void SceneDocument::add(QList<WidgetState> states, const QPointF &shift, const Q
 {
     if (states.isEmpty())
         return;
+    giveFreshNames(states);
     auto *command = new SceneCommand(*this, text);
-    QStringList names;
+    int position = m_widgets.size();
     for (WidgetState &state : states) {
-        state.name = freshName(state.widgetId, names);
         state.position += shift;
-        command->changes.append({{}, StackedState{state, m_widgets.size() + names.size()}});
-        names += state.name;
+        command->changes.append({{}, StackedState{state, position++}});
     }
     m_undoStack.push(command);
     QList<PlacedWidget *> added;
-    for (const QString &name : qAsConst(names))
-        added += m_byName.value(name);
+    for (const WidgetState &state : qAsConst(states))
+        added += m_byName.value(state.name);
     select(added);
 }
 
@@ -279,6 +278,13 @@ void SceneDocument::setPage(const Page &page)
     command->pageBefore = m_page;
     command->pageAfter = page;
     m_undoStack.push(command);
+}
+
+void SceneDocument::setPageSize(const QSizeF &size)
+{
+    Page page = m_page;
+    page.size = size;
+    setPage(page);
 }
 
 void SceneDocument::setOrder(const QStringList &names, const QString &text)

@@ -92,6 +92,7 @@ public:
     //! same mergeKey other than 0 become one step.
     void setGeometries(const QList<WidgetState> &states, const QString &text, int mergeKey = 0);
     void setPage(const Page &page);
+    void setPageSize(const QSizeF &size);
     void remove(const QList<PlacedWidget *> &widgets);
     //! Adds copies under fresh names, shifted, and selects them.
     void add(QList<WidgetState> states, const QPointF &shift, const QString &text);
@@ -126,7 +127,7 @@ private:
     void restack();
     void applyPage(const Page &page);
     void applyOrder(const QStringList &names);
-    QString freshName(const QString &widgetId, const QStringList &taken) const;
+    void giveFreshNames(QList<WidgetState> &states) const;
     void changeState(PlacedWidget &widget, const WidgetState &after, const QString &text,
                      const QString &mergeKey = {});
 

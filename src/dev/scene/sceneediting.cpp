@@ -1,7 +1,9 @@
 #include "scene/sceneediting.h"
 
+#include "scene/handlegeometry.h"
 #include "scene/scenedocument.h"
 #include "scene/scenefile.h"
+#include "session/pluginsession.h"
 
 #include <QCoreApplication>
 #include <QMimeData>
@@ -58,6 +60,32 @@ bool paste(SceneDocument &document, const QMimeData &data, QString &problem)
         return false;
     document.add(states, copyShift, tr("Paste"));
     return true;
+}
+
+//! Where the lowest widget ends; 0 for an empty page.
+static double usedHeight(const SceneDocument &document)
+{
+    double bottom = 0;
+    for (const PlacedWidget *widget : document.widgets())
+        bottom = qMax(bottom, cornersOf(widget->state()).boundingRect().bottom());
+    return bottom;
+}
+
+void placeAll(SceneDocument &document)
+{
+    const auto *library = document.session().library();
+    if (!library)
+        return;
+    QList<WidgetState> states;
+    for (const auto &description : library->widgetsLatestVersion())
+        states += WidgetState::of(description);
+    const double top = usedHeight(document);
+    QSizeF room;
+    states = inRows(states, document.page().size.width(), room);
+    document.undoStack().beginMacro(tr("Place one of each"));
+    document.setPageSize(document.page().size.expandedTo(room + QSizeF(0, top)));
+    document.add(states, QPointF(0, top), tr("Place"));
+    document.undoStack().endMacro();
 }
 
 void duplicate(SceneDocument &document)

@@ -17,6 +17,9 @@ ZPPLUGIN_DEV_EXPORT QMimeData *copy(const SceneDocument &document);
 //! Adds what copy() gave. False, with the reason if there is one to tell, if there are no widgets
 //! in it.
 ZPPLUGIN_DEV_EXPORT bool paste(SceneDocument &document, const QMimeData &data, QString &problem);
+//! Places one of each widget of the library in its latest version, in rows below what is on the
+//! page, which grows where needed.
+ZPPLUGIN_DEV_EXPORT void placeAll(SceneDocument &document);
 ZPPLUGIN_DEV_EXPORT void duplicate(SceneDocument &document);
 ZPPLUGIN_DEV_EXPORT void remove(SceneDocument &document);
 ZPPLUGIN_DEV_EXPORT void align(SceneDocument &document, Qt::AlignmentFlag alignment);

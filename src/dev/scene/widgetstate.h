@@ -1,5 +1,7 @@
 #pragma once
 
+#include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
+
 #include <QMap>
 #include <QPointF>
 #include <QSizeF>
@@ -22,6 +24,10 @@ struct WidgetState
     QVariantMap values;
     //! The tags and trends bound to fields, by field id.
     QMap<QString, QString> bindings;
+
+    //! A widget as it is when it has just been placed, but without name and position.
+    static WidgetState
+    of(const INTERNAL::WidgetLibraryPluginMetaInformation::WidgetMetaInformation &description);
 };
 
 } // namespace NARV::DEV

@@ -58,6 +58,8 @@ static const ActionEntry editEntries[] = {
     {"paste", TEXT("&Paste"), "Ctrl+V", [](P &d, bool) { d.paste(); }, ActionEntry::Page},
     {"duplicate", TEXT("Du&plicate"), "Ctrl+D",
      [](P &d, bool) { SceneEditing::duplicate(d.document); }, ActionEntry::Selection},
+    {"place-all", TEXT("Place &one of each widget"), "Ctrl+E",
+     [](P &d, bool) { SceneEditing::placeAll(d.document); }, ActionEntry::PluginPage},
     {"delete", TEXT("&Delete"), "Del", [](P &d, bool) { SceneEditing::remove(d.document); },
      ActionEntry::Selection},
     {"select-all", TEXT("Select &all"), "Ctrl+A",

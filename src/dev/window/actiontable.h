@@ -20,7 +20,8 @@ struct ActionEntry
         Plugin,    //!< a plugin is loaded
         Page,      //!< in editor mode
         Selection, //!< in editor mode, with a widget selected
-        Several    //!< in editor mode, with at least two selected
+        Several,   //!< in editor mode, with at least two selected
+        PluginPage //!< in editor mode, with a plugin loaded
     } need = Always;
     bool isCheckable = false;
 };

@@ -2,6 +2,7 @@
 
 #include "data/simulationclock.h"
 #include "scene/pageview.h"
+#include "scene/sceneediting.h"
 #include "session/recentplugins.h"
 #include "window/widgetlibraryplugintestwidget_p.h"
 
@@ -61,11 +62,27 @@ void WidgetLibraryPluginTestWidget::reloadPlugin()
     d_ptr->session.reload();
 }
 
+QStringList WidgetLibraryPluginTestWidget::widgetIds() const
+{
+    const auto *library = d_ptr->session.library();
+    return library ? library->widgetsLatestVersion().keys() : QStringList();
+}
+
 QString WidgetLibraryPluginTestWidget::placeWidget(const QString &widgetId, const QString &version,
                                                    const QPointF &centre)
 {
-    const PlacedWidget *widget = d_ptr->document.place(widgetId, version, centre);
+    const auto *library = d_ptr->session.library();
+    if (!library)
+        return {};
+    const QString latest = library->widgetsLatestVersion().value(widgetId).version().version();
+    const PlacedWidget *widget =
+        d_ptr->document.place(widgetId, version.isEmpty() ? latest : version, centre);
     return widget ? widget->name() : QString();
+}
+
+void WidgetLibraryPluginTestWidget::placeAllWidgets()
+{
+    SceneEditing::placeAll(d_ptr->document);
 }
 
 QStringList WidgetLibraryPluginTestWidget::widgetNames() const
@@ -74,6 +91,32 @@ QStringList WidgetLibraryPluginTestWidget::widgetNames() const
     for (const PlacedWidget *widget : d_ptr->document.widgets())
         names += widget->name();
     return names;
+}
+
+QRectF WidgetLibraryPluginTestWidget::widgetGeometry(const QString &widgetName) const
+{
+    const PlacedWidget *widget = d_ptr->document.widget(widgetName);
+    return widget ? QRectF(widget->state().position, widget->state().size) : QRectF();
+}
+
+bool WidgetLibraryPluginTestWidget::setWidgetGeometry(const QString &widgetName,
+                                                      const QRectF &geometry, double rotation)
+{
+    PlacedWidget *widget = d_ptr->document.widget(widgetName);
+    if (!widget || geometry.isEmpty())
+        return false;
+    d_ptr->document.setGeometry(*widget, geometry.topLeft(), geometry.size(), rotation);
+    return true;
+}
+
+QSizeF WidgetLibraryPluginTestWidget::pageSize() const
+{
+    return d_ptr->document.page().size;
+}
+
+void WidgetLibraryPluginTestWidget::setPageSize(const QSizeF &size)
+{
+    d_ptr->document.setPageSize(size);
 }
 
 QVariant WidgetLibraryPluginTestWidget::fieldValue(const QString &widgetName,
@@ -143,6 +186,21 @@ bool WidgetLibraryPluginTestWidget::saveScene(const QString &path, QString *prob
 {
     QString reason;
     return d_ptr->keeper.save(path, problem ? *problem : reason);
+}
+
+bool WidgetLibraryPluginTestWidget::isTimeRunning() const
+{
+    return d_ptr->data.clock().isRunning();
+}
+
+void WidgetLibraryPluginTestWidget::setTimeRunning(bool isRunning)
+{
+    d_ptr->data.clock().setRunning(isRunning);
+}
+
+void WidgetLibraryPluginTestWidget::setStartTime(const QDateTime &time)
+{
+    d_ptr->data.clock().setStartTime(time);
 }
 
 void WidgetLibraryPluginTestWidget::advanceTime(qint64 milliseconds)

@@ -43,11 +43,23 @@ public:
     //! Loads the plugin anew; the page stays.
     void reloadPlugin();
 
-    //! Places a widget with its centre there, in scene units, and selects it. Returns its name on
-    //! the page; empty if the library has no such widget.
+    //! The ids of the library's widgets; empty while no plugin is loaded.
+    QStringList widgetIds() const;
+    //! Places a widget with its centre there, in scene units, and selects it; the latest version if
+    //! that text is empty. Returns its name on the page; empty if the library has no such widget.
     QString placeWidget(const QString &widgetId, const QString &version, const QPointF &centre);
+    //! Places one of each widget in its latest version, in rows; the page grows where needed.
+    void placeAllWidgets();
     //! The names of all widgets on the page, the lowest first.
     QStringList widgetNames() const;
+    //! The place of a widget on the page as if it were not rotated; null for an unknown one.
+    QRectF widgetGeometry(const QString &widgetName) const;
+    //! Rotation in degrees clockwise about the centre. False for an unknown widget or an empty
+    //! size.
+    bool setWidgetGeometry(const QString &widgetName, const QRectF &geometry, double rotation = 0);
+    //! In scene units.
+    QSizeF pageSize() const;
+    void setPageSize(const QSizeF &size);
     //! The value that the property tree shows; invalid for an unknown widget or field.
     QVariant fieldValue(const QString &widgetName, const QString &fieldId) const;
     //! Sets a field as a person does in the property tree, with undo. False for an unknown widget
@@ -69,14 +81,22 @@ public:
     //! False with a reason that names the file and the place in it.
     bool openScene(const QString &path, QString *problem = nullptr);
     bool saveScene(const QString &path, QString *problem = nullptr);
-    //! Moves the time of the test data on.
+    //! Whether the time of the test data runs; it does on its own in runtime mode.
+    bool isTimeRunning() const;
+    void setTimeRunning(bool isRunning);
+    //! Begins the time of the test data anew; from then on it does not follow the real time.
+    void setStartTime(const QDateTime &time);
+    //! Moves the time of the test data on, running or not.
     void advanceTime(qint64 milliseconds);
     //! The page as a picture of its size times scale.
     QImage renderPage(double scale = 1) const;
 
 Q_SIGNALS:
     void pluginLoaded();
+    //! The reason has several lines.
     void pluginFailed(const QString &reason);
+    //! Something that a person has to know, such as a field that no longer exists.
+    void notice(const QString &text);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

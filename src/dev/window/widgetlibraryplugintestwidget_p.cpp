@@ -61,6 +61,9 @@ Private::WidgetLibraryPluginTestWidgetPrivate(WidgetLibraryPluginTestWidget *q)
 Private::~WidgetLibraryPluginTestWidgetPrivate()
 {
     keeper.keepUnsaved();
+    for (QObject *part : std::initializer_list<QObject *>{&session, &document, &keeper,
+                                                          &document.undoStack(), &data.clock()})
+        part->disconnect(this);
     delete frame;
 }
 
@@ -76,7 +79,10 @@ void Private::connectParts()
         failure->setFailure(reason);
         pages->setCurrentWidget(failure);
         updateActions();
-        Q_EMIT q_ptr->pluginFailed(reason.title);
+        QStringList lines = QStringList(reason.title) + reason.words;
+        lines += reason.advice;
+        lines.removeAll(QString());
+        Q_EMIT q_ptr->pluginFailed(lines.join(QLatin1Char('\n')));
     });
     connect(&session, &PluginSession::closed, this, &Private::showOutcome);
     connect(welcome, &WelcomePage::openFolderRequested, this, &Private::chooseFolder);
@@ -88,6 +94,7 @@ void Private::connectParts()
     connect(palette, &PalettePanel::placeRequested, this, &Private::placeInView);
     connect(view, &PageView::menuRequested, this, &Private::showContextMenu);
     connect(&document, &SceneDocument::notice, messages, &MessageBar::tell);
+    connect(&document, &SceneDocument::notice, q_ptr, &WidgetLibraryPluginTestWidget::notice);
     connect(&document, &SceneDocument::selectionChanged, this, &Private::updateActions);
     connect(&document, &SceneDocument::modeChanged, this, &Private::updateActions);
     connect(&document, &SceneDocument::languageChanged, this,
@@ -111,8 +118,12 @@ void Private::updateActions()
 {
     const bool isEditor = document.mode() == SceneDocument::Mode::Editor;
     const int selected = document.selection().size();
-    const bool isMet[] = {true, session.isLoaded(), isEditor, isEditor && selected > 0,
-                          isEditor && selected > 1};
+    const bool isMet[] = {true,
+                          session.isLoaded(),
+                          isEditor,
+                          isEditor && selected > 0,
+                          isEditor && selected > 1,
+                          isEditor && session.isLoaded()};
     for (const MenuEntry &menu : benchMenus()) {
         for (int i = 0; i < menu.count; ++i) {
             if (menu.entries[i].name)

@@ -159,9 +159,7 @@ void Private::addPageActions(QMenu *menu)
                                  .arg(size.height)
                                  .arg(QLatin1String(size.name));
         connect(menu->addAction(text), &QAction::triggered, this, [this, size] {
-            Page page = document.page();
-            page.size = QSizeF(size.width, size.height);
-            document.setPage(page);
+            document.setPageSize(QSizeF(size.width, size.height));
             view->zoomToFit();
         });
     }

@@ -1,4 +1,4 @@
-#include "output/text.h"
+#include "terminal/text.h"
 
 #include <QStringList>
 #include <QVector>

@@ -1,4 +1,4 @@
-#include "system.h"
+#include "terminal/system.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>

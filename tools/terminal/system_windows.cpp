@@ -1,4 +1,4 @@
-#include "system.h"
+#include "terminal/system.h"
 
 #include <io.h>
 #include <qt_windows.h>

@@ -4,10 +4,10 @@
 
 #include <memory>
 
-namespace ZPPluginTool {
+namespace NARV::PROBE {
 
 //! The application object of a process that runs plugins' code, which may make pixmaps and widgets.
 //! The machine need not have a display.
 std::unique_ptr<QApplication> makePluginApplication(int &argc, char **argv);
 
-} // namespace ZPPluginTool
+} // namespace NARV::PROBE

@@ -1,7 +1,7 @@
-#include "output/terminal.h"
+#include "terminal/terminal.h"
 
-#include "output/text.h"
-#include "system.h"
+#include "terminal/system.h"
+#include "terminal/text.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
-#include "plugin/pluginapplication.h"
+#include "probe/pluginapplication.h"
 
 #include <cstdio>
 
-namespace ZPPluginTool {
+namespace NARV::PROBE {
 
 //! Leaves out what Qt says of the machine before any plugin comes into play.
 static void printFatalMessage(QtMsgType type, const QMessageLogContext &, const QString &message)
@@ -20,4 +20,4 @@ std::unique_ptr<QApplication> makePluginApplication(int &argc, char **argv)
     return app;
 }
 
-} // namespace ZPPluginTool
+} // namespace NARV::PROBE
