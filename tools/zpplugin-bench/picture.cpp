@@ -34,6 +34,7 @@ private:
     bool openPlugin();
     bool fillPage();
     bool placeWidget();
+    void placeAllWidgets();
     bool save();
     void warn(const QString &text);
     bool fail(const QString &text);
@@ -99,12 +100,21 @@ bool Drawing::fillPage()
         return placeWidget();
     QString problem;
     if (m_options.scene.isEmpty())
-        m_bench.placeAllWidgets();
+        placeAllWidgets();
     else if (!m_bench.openScene(m_options.scene, &problem))
         return fail(problem);
     if (m_options.size.isValid())
         m_bench.setPageSize(m_options.size);
     return true;
+}
+
+void Drawing::placeAllWidgets()
+{
+    m_bench.placeAllWidgets();
+    QRectF used;
+    for (const QString &name : m_bench.widgetNames())
+        used |= m_bench.widgetGeometry(name);
+    m_bench.setPageSize({used.left() + used.right(), used.top() + used.bottom()});
 }
 
 bool Drawing::placeWidget()
