@@ -373,7 +373,7 @@ void Private::showTitle()
 void Private::setTheme(Theme chosen)
 {
     theme = chosen;
-    q_ptr->setPalette(themePalette(chosen));
+    applyTheme(chosen);
     if (settings)
         settings->setValue(QStringLiteral("theme"), int(chosen));
 }
@@ -386,7 +386,8 @@ void Private::useSettings()
     connect(recent, &RecentPlugins::openRequested, this, &Private::openPlugin);
     connect(recent, &RecentPlugins::changed, this, [this] { welcome->setRecent(recent->paths()); });
     const int chosen = settings->value(QStringLiteral("theme")).toInt();
-    setTheme(Theme(qBound(0, chosen, int(Theme::Dark))));
+    if (chosen > 0)
+        setTheme(Theme(qMin(chosen, int(Theme::Dark))));
     document.setLanguage(
         settings->value(QStringLiteral("language"), document.language()).toString());
     connect(&document, &SceneDocument::languageChanged, this,

@@ -172,9 +172,10 @@ void Private::addThemeActions(QMenu *menu)
     for (int i = 0; i < names.size(); ++i) {
         QAction *action = menu->addAction(names[i]);
         action->setCheckable(true);
-        action->setChecked(i == 0);
         group->addAction(action);
         connect(action, &QAction::triggered, this, [this, i] { setTheme(Theme(i)); });
+        connect(menu, &QMenu::aboutToShow, action,
+                [this, action, i] { action->setChecked(int(theme) == i); });
     }
 }
 
@@ -223,8 +224,10 @@ void Private::buildStatusBar()
     connect(&document, &SceneDocument::modeChanged, mode, showMode);
     showMode();
     bar->addWidget(gesture, 1);
-    bar->addPermanentWidget(mode);
-    bar->addPermanentWidget(zoom);
+    for (QLabel *label : {mode, zoom}) {
+        label->setMargin(4);
+        bar->addPermanentWidget(label);
+    }
 }
 
 } // namespace NARV::DEV
