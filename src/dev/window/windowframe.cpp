@@ -35,6 +35,16 @@ namespace NARV::DEV {
 
 using Private = WidgetLibraryPluginTestWidgetPrivate;
 
+static QWidget *centred(QWidget *content)
+{
+    auto *page = new QWidget;
+    auto *row = new QHBoxLayout(page);
+    row->addStretch(1);
+    row->addWidget(content, 100);
+    row->addStretch(1);
+    return page;
+}
+
 void Private::buildFrame()
 {
     frame->setWindowFlags(Qt::Widget);
@@ -42,7 +52,8 @@ void Private::buildFrame()
                           QMainWindow::AllowTabbedDocks);
     frame->setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     pages->addWidget(welcome);
-    pages->addWidget(failure);
+    failurePage = centred(failure);
+    pages->addWidget(failurePage);
     pages->addWidget(view);
     auto *central = new QWidget;
     auto *column = new QVBoxLayout(central);
