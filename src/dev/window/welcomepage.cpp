@@ -76,6 +76,7 @@ WelcomePage::WelcomePage(QWidget *parent)
     setWidget(page);
     setWidgetResizable(true);
     setFrameShape(NoFrame);
+    setFocusProxy(folder);
 }
 
 void WelcomePage::showRecent(const RecentPlugins &recent)

@@ -136,7 +136,11 @@ void Private::addAction(QMenu *menu, const ActionEntry &entry)
     action->setShortcut(QKeySequence::fromString(QLatin1String(entry.shortcut)));
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     action->setCheckable(entry.isCheckable);
-    frame->addAction(action);
+    // In the tables of the panels these keys mean something else.
+    const bool belongsToPage = entry.need == ActionEntry::Page ||
+                               entry.need == ActionEntry::Selection ||
+                               entry.need == ActionEntry::Several;
+    (belongsToPage ? static_cast<QWidget *>(view) : frame)->addAction(action);
     actions.insert(name, action);
     const auto trigger = entry.trigger;
     if (trigger)
