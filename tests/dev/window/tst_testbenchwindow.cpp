@@ -337,7 +337,7 @@ void tst_TestBenchWindow::everythingHasANameAndAnIcon()
                            !widget->objectName().startsWith(u("qt_")) &&
                            !qobject_cast<QTabBar *>(widget) && !qobject_cast<QMenu *>(widget) &&
                            !widget->parentWidget()->inherits("QComboBoxPrivateContainer");
-        if (widget->focusPolicy() == Qt::NoFocus || !isOwn)
+        if (widget->focusPolicy() == Qt::NoFocus || widget->isHidden() || !isOwn)
             continue;
         const auto *button = qobject_cast<QAbstractButton *>(widget);
         const bool hasText = button && (!button->text().isEmpty() || !button->toolTip().isEmpty());
