@@ -21,9 +21,11 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QInputDialog>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -357,6 +359,34 @@ void Private::setRuntime(bool isRuntime)
 void Private::setFingers(int fingers)
 {
     view->touchSimulator().setFingers(fingers);
+}
+
+static QSize sizeFrom(const QString &text)
+{
+    static const int greatestSide = 16384;
+    static const QRegularExpression pattern(
+        QStringLiteral("\\A\\s*(\\d{1,5})\\s*[x\u00d7, ]\\s*(\\d{1,5})\\s*\\z"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    return size.boundedTo(QSize(greatestSide, greatestSide)) == size ? size : QSize();
+}
+
+void Private::choosePageSize()
+{
+    auto *dialog = new QInputDialog(q_ptr);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Page size"));
+    dialog->setLabelText(tr("Width × height in pixels:"));
+    const QSize size = document.page().size.toSize();
+    dialog->setTextValue(QStringLiteral("%1 × %2").arg(size.width()).arg(size.height()));
+    connect(dialog, &QInputDialog::textValueSelected, this, [this](const QString &text) {
+        const QSize chosen = sizeFrom(text);
+        if (chosen.isEmpty())
+            return messages->tell(tr("“%1” is no size such as 1280 × 800.").arg(text));
+        document.setPageSize(chosen);
+        view->zoomToFit();
+    });
+    dialog->open();
 }
 
 void Private::chooseBackground()

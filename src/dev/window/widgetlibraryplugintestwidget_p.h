@@ -59,6 +59,7 @@ public:
     void setRuntime(bool isRuntime);
     void setTheme(Theme theme);
     void chooseBackground();
+    void choosePageSize();
     void setFingers(int fingers);
     void addLanguageActions(QMenu *menu);
     void offerUnsavedWork();
