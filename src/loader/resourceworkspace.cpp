@@ -10,12 +10,6 @@
 
 namespace NARV::INTERNAL {
 
-bool isRealFolder(const QString &path)
-{
-    const QFileInfo info(path);
-    return info.isDir() && !info.isSymLink();
-}
-
 bool isOccupied(const QString &path)
 {
     const QFileInfo info(path);
@@ -41,7 +35,9 @@ static bool move(const QString &from, const QString &to)
 // Inside a folder Qt does not follow links either.
 static bool remove(const QString &path)
 {
-    return isRealFolder(path) ? QDir(path).removeRecursively() : QFile::remove(path);
+    const QFileInfo info(path);
+    const bool isFolder = info.isDir() && !info.isSymLink();
+    return isFolder ? QDir(path).removeRecursively() : QFile::remove(path);
 }
 
 ResourceWorkspace::ResourceWorkspace(const QString &folder)
