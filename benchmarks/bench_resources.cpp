@@ -5,6 +5,8 @@
 #include "pluginsfolder.h"
 #include "ratioreporter.h"
 
+#include "loader/resourcedocuments_p.h"
+
 #include <NARV/INTERNAL/PluginLoader>
 #include <NARV/INTERNAL/WidgetLibraryPluginUtils>
 
@@ -34,15 +36,20 @@ static WidgetLibraryPluginMetaInformation libraryOf(int fields)
     return info;
 }
 
-static void writeFile(const QString &path, const std::function<void(QXmlStreamWriter &)> &write)
+using Write = std::function<int(QXmlStreamWriter &)>;
+
+static bool writeDirectly(QFileDevice &file, const Write &write)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("cannot write %s", qPrintable(path));
     QXmlStreamWriter writer(&file);
     writer.setAutoFormatting(true);
-    write(writer);
-    if (!file.flush() || writer.hasError())
+    return write(writer) == 0 && !writer.hasError() && file.flush();
+}
+
+static void writeFile(const QString &path, const Write &write,
+                      bool (*writeTo)(QFileDevice &, const Write &))
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !writeTo(file, write))
         qFatal("cannot write %s", qPrintable(path));
 }
 
@@ -64,20 +71,24 @@ static QStringList pathsIn(const QTemporaryDir &folder)
 
 static void writeDocuments(const WidgetLibraryPluginMetaInformation &info, const QStringList &paths)
 {
-    writeFile(paths[0], [&](QXmlStreamWriter &writer) {
-        writer.writeStartElement(QStringLiteral("defs"));
-        Utils::studioPropertiesFromMetaInformation(info, writer, english);
-        writer.writeEndElement();
-    });
-    writeFile(paths[1], [&](QXmlStreamWriter &writer) {
-        Utils::studioDefaultsFromMetaInformation(info, writer, english, QStringLiteral("page%1"),
-                                                 QStringLiteral("project%1"));
-    });
-    writeFile(paths[2], [&](QXmlStreamWriter &writer) {
-        Utils::studioGalleryFromMetaInformation(info, writer, english,
-                                                info.pageWidgetsGalleryGroups().first(),
-                                                Utils::GalleryType::Page);
-    });
+    const Write writes[] = {
+        [&](QXmlStreamWriter &writer) {
+            writer.writeStartElement(QStringLiteral("defs"));
+            const int code = Utils::studioPropertiesFromMetaInformation(info, writer, english);
+            writer.writeEndElement();
+            return code;
+        },
+        [&](QXmlStreamWriter &writer) {
+            return Utils::studioDefaultsFromMetaInformation(
+                info, writer, english, QStringLiteral("page%1"), QStringLiteral("project%1"));
+        },
+        [&](QXmlStreamWriter &writer) {
+            return Utils::studioGalleryFromMetaInformation(info, writer, english,
+                                                           info.pageWidgetsGalleryGroups().first(),
+                                                           Utils::GalleryType::Page);
+        }};
+    for (int i = 0; i < paths.size(); ++i)
+        writeFile(paths[i], writes[i], writeXmlDocument);
 }
 
 static void documents(benchmark::State &state)
@@ -139,7 +150,7 @@ static QVector<Step> stepsOf(const QByteArray &document)
     return steps;
 }
 
-static void writeSteps(const QVector<Step> &steps, QXmlStreamWriter &writer)
+static int writeSteps(const QVector<Step> &steps, QXmlStreamWriter &writer)
 {
     for (const Step &step : steps) {
         switch (step.kind) {
@@ -157,6 +168,7 @@ static void writeSteps(const QVector<Step> &steps, QXmlStreamWriter &writer)
             break;
         }
     }
+    return 0;
 }
 
 static void flatArrays(benchmark::State &state)

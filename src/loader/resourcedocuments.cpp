@@ -5,8 +5,6 @@
 #include <QSaveFile>
 #include <QXmlStreamWriter>
 
-#include <functional>
-
 namespace NARV::INTERNAL {
 
 using Library = WidgetLibraryPluginMetaInformation;
@@ -72,6 +70,19 @@ static QVector<Document> documentsOf(const Library &library, const QString &lang
     return documents;
 }
 
+// By way of a text: handing each word to a file takes longer than making all of them.
+bool writeXmlDocument(QFileDevice &file, const std::function<int(QXmlStreamWriter &)> &write)
+{
+    QString text;
+    QXmlStreamWriter writer(&text);
+    writer.setAutoFormatting(true);
+    if (write(writer) != 0 || writer.hasError())
+        return false;
+    const QByteArray bytes = text.toUtf8();
+    // The result of flush() is the only one that tells of a full disk.
+    return file.write(bytes) == bytes.size() && file.flush();
+}
+
 //! The text says what went wrong; null if nothing did.
 static QString writeDocument(const Document &document, const QString &folder,
                              const QString &finalFolder)
@@ -82,11 +93,7 @@ static QString writeDocument(const Document &document, const QString &folder,
     QSaveFile file(folder + name);
     if (!file.open(QIODevice::WriteOnly))
         return QString::fromLatin1(document.openError).arg(told);
-    QXmlStreamWriter writer(&file);
-    writer.setAutoFormatting(true);
-    const bool ok = document.write(writer) == 0 && !writer.hasError();
-    // The result of flush() is the only one that tells of a full disk.
-    if (ok && file.flush() && file.commit())
+    if (writeXmlDocument(file, document.write) && file.commit())
         return {};
     return QString::fromLatin1(document.writeError).arg(told);
 }
