@@ -183,8 +183,10 @@ static void flatArrays(benchmark::State &state)
         steps.append(stepsOf(readFile(path)));
     for (auto _ : state) {
         for (int i = 0; i < paths.size(); ++i)
-            writeFile(copyPaths[i],
-                      [&](QXmlStreamWriter &writer) { writeSteps(steps[i], writer); });
+            writeFile(
+                copyPaths[i],
+                [&](QXmlStreamWriter &writer) { return writeSteps(steps[i], writer); },
+                writeDirectly);
     }
     for (int i = 0; i < paths.size(); ++i) {
         if (readFile(paths[i]) != readFile(copyPaths[i]))

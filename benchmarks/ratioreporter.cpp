@@ -38,9 +38,7 @@ public:
             std::printf("%s: not measured\n", ratio.label.c_str());
             return;
         }
-        const double measured = numerator / denominator;
-        std::printf("%s: %.3f (%.3g)%s\n", ratio.label.c_str(), measured, ratio.limit,
-                    measured > ratio.limit ? "  <-- OVER THE LIMIT" : "");
+        printMeasured(ratio.label, numerator / denominator, ratio.limit);
     }
 
 private:
@@ -100,4 +98,10 @@ int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios)
     for (const Ratio &ratio : ratios)
         reporter.print(ratio);
     return 0;
+}
+
+void printMeasured(const std::string &label, double measured, double limit)
+{
+    std::printf("%s: %.4g (%.4g)%s\n", label.c_str(), measured, limit,
+                measured > limit ? "  <-- OVER THE LIMIT" : "");
 }

@@ -21,4 +21,7 @@ struct Ratio
 //! marked, but is not an error.
 int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios);
 
+//! Prints a measured figure as runBenchmarks() prints a ratio.
+void printMeasured(const std::string &label, double measured, double limit);
+
 #endif

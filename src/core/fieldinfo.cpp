@@ -1,6 +1,7 @@
 #include "core/widgetlibrarypluginmetainformation.h"
 
 #include <iterator>
+#include <tuple>
 
 namespace NARV::INTERNAL {
 
@@ -24,6 +25,15 @@ Library::FieldInfo::FieldInfo(bool setFieldValueIsEnabled, bool getFieldValueIsE
     , m_fieldType(fieldType)
     , m_metaType(metaType)
 {
+}
+
+bool Library::FieldInfo::operator==(const FieldInfo &other) const
+{
+    const auto parts = [](const FieldInfo &info) {
+        return std::tie(info.m_setFieldValueIsEnabled, info.m_getFieldValueIsEnabled,
+                        info.m_isAdditionalInformation, info.m_fieldType, info.m_metaType);
+    };
+    return parts(*this) == parts(other);
 }
 
 bool Library::FieldInfo::convertToFieldType(QVariant &value) const

@@ -116,6 +116,9 @@ public:
         //! Converts value in place to the type of the entry and says whether that worked.
         bool convertToFieldType(QVariant &value) const;
 
+        bool operator==(const FieldInfo &other) const;
+        bool operator!=(const FieldInfo &other) const { return !(*this == other); }
+
     private:
         bool m_setFieldValueIsEnabled = false;
         bool m_getFieldValueIsEnabled = false;
@@ -190,6 +193,8 @@ public:
 
     private:
         friend class FieldDescriptionReader;
+
+        explicit FieldMetaInformation(const QSharedDataPointer<FieldMetaInformationData> &data);
 
         QSharedDataPointer<FieldMetaInformationData> d;
     };

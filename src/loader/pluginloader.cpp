@@ -1,5 +1,6 @@
 #include "loader/pluginloader.h"
 
+#include "core/currentexception_p.h"
 #include "core/uuidtext_p.h"
 #include "loader/platform.h"
 #include "loader/widgetlibraryplugindata.h"
@@ -13,8 +14,6 @@
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QPluginLoader>
-
-#include <exception>
 
 namespace NARV::INTERNAL {
 
@@ -52,11 +51,8 @@ static QString exceptionOf(Code code)
 {
     try {
         code();
-    } catch (const std::exception &exception) {
-        return QStringLiteral("the plugin threw an exception: %1")
-            .arg(QString::fromLocal8Bit(exception.what()));
     } catch (...) {
-        return QStringLiteral("the plugin threw an exception of unknown type");
+        return currentExceptionText();
     }
     return {};
 }

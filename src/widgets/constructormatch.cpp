@@ -1,5 +1,6 @@
 #include "constructormatch.h"
 
+#include "eventdelivery_p.h"
 #include "graphicsobject.h"
 #include "widget.h"
 
@@ -40,13 +41,17 @@ QList<QByteArray> ConstructorMatch::signatures(const QMetaObject *metaObject)
     return found;
 }
 
-QObject *ConstructorMatch::newInstance(const void *argument) const
+QObject *ConstructorMatch::newInstance(const void *argument, const QString &pluginId) const
 {
     if (!isValid())
         return nullptr;
     QObject *object = nullptr;
     void *arguments[] = {&object, const_cast<void *>(argument)};
-    m_metaObject->static_metacall(QMetaObject::CreateInstance, m_index, arguments);
+    try {
+        m_metaObject->static_metacall(QMetaObject::CreateInstance, m_index, arguments);
+    } catch (...) {
+        EventDelivery::logException(pluginId);
+    }
     return object;
 }
 

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QMetaObject>
+#include <QString>
 
 namespace NARV::INTERNAL {
 
@@ -32,9 +33,10 @@ public:
     bool isValid() const { return m_index >= 0; }
     //! The position among the class's own constructors; -1 if there is no match.
     int index() const { return m_index; }
-    //! A new object without parent, which the caller owns; null if there is no match. The argument
-    //! must be of the type that was looked for.
-    QObject *newInstance(const void *argument) const;
+    //! A new object without parent, which the caller owns; of the class that was looked for, as is
+    //! the argument. Null if there is no match. Null also if the constructor throws, which is
+    //! logged under the plugin's id.
+    QObject *newInstance(const void *argument, const QString &pluginId) const;
 
 private:
     const QMetaObject *m_metaObject = nullptr;

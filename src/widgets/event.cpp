@@ -2,6 +2,8 @@
 
 #include <QDebug>
 
+#include <utility>
+
 namespace NARV {
 
 Event::Event(const EventData &data)
@@ -53,6 +55,12 @@ const QSizeF &ResizeEvent::oldSize() const
 FieldIsChangedEvent::FieldIsChangedEvent(const FieldIsChangedEventData &data)
     : Event(EventData{Event::FieldIsChanged})
     , d_ptr(new FieldIsChangedEventData(data))
+{
+}
+
+FieldIsChangedEvent::FieldIsChangedEvent(FieldIsChangedEventData &&data)
+    : Event(EventData{Event::FieldIsChanged})
+    , d_ptr(new FieldIsChangedEventData(std::move(data)))
 {
 }
 

@@ -84,6 +84,7 @@ class ZPPLUGIN_EXPORT FieldIsChangedEvent : public Event
 {
 public:
     explicit FieldIsChangedEvent(const FieldIsChangedEventData &data);
+    explicit FieldIsChangedEvent(FieldIsChangedEventData &&data);
     ~FieldIsChangedEvent() override;
 
     const QString &fieldId() const;

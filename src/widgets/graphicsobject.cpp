@@ -7,27 +7,13 @@
 #include "widgetactionmanager_p.h"
 #include "widgetprivateaccessor.h"
 
+#include <NARV/PanGestureRecognizer>
+#include <NARV/PinchGestureRecognizer>
+#include <NARV/SwipeGestureRecognizer>
+
 #include <QPainterPath>
 
 namespace NARV {
-
-namespace {
-
-// The numbers that the toolkit gives the recognisers, which are registered in this order before
-// any other.
-enum GestureNumber
-{
-    Pan1Touch = Qt::CustomGesture + 1,
-    Pan2Touches,
-    Pan3Touches,
-    Swipe1Touch,
-    Swipe2Touches,
-    Swipe3Touches,
-    Pinch
-};
-static_assert(Pan1Touch == 257 && Pinch == 263, "hosts and plugins rely on these numbers");
-
-} // namespace
 
 GraphicsObject::GraphicsObject(const GraphicsObjectData &data)
     : d_ptr(new GraphicsObjectPrivate(data, this))
@@ -40,8 +26,8 @@ GraphicsObject::GraphicsObject(const GraphicsObjectData &data)
 GraphicsObject::~GraphicsObject()
 {
     Q_D(GraphicsObject);
-    if (d->widget)
-        INTERNAL::WidgetPrivateAccessor::priv(d->widget)->graphicsObjects.removeAll(this);
+    if (d->owner)
+        d->owner->forget(this);
 }
 
 const QString &GraphicsObject::id() const
@@ -119,37 +105,37 @@ void GraphicsObject::setAcceptTouchAndMouseEvents(bool on)
 
 Qt::GestureType GraphicsObject::pan1TouchGestureType()
 {
-    return Qt::GestureType(Pan1Touch);
+    return PanGestureRecognizer::type(1);
 }
 
 Qt::GestureType GraphicsObject::pan2TouchesGestureType()
 {
-    return Qt::GestureType(Pan2Touches);
+    return PanGestureRecognizer::type(2);
 }
 
 Qt::GestureType GraphicsObject::pan3TouchesGestureType()
 {
-    return Qt::GestureType(Pan3Touches);
+    return PanGestureRecognizer::type(3);
 }
 
 Qt::GestureType GraphicsObject::swipe1TouchGestureType()
 {
-    return Qt::GestureType(Swipe1Touch);
+    return SwipeGestureRecognizer::type(1);
 }
 
 Qt::GestureType GraphicsObject::swipe2TouchesGestureType()
 {
-    return Qt::GestureType(Swipe2Touches);
+    return SwipeGestureRecognizer::type(2);
 }
 
 Qt::GestureType GraphicsObject::swipe3TouchesGestureType()
 {
-    return Qt::GestureType(Swipe3Touches);
+    return SwipeGestureRecognizer::type(3);
 }
 
 Qt::GestureType GraphicsObject::pinchGestureType()
 {
-    return Qt::GestureType(Pinch);
+    return PinchGestureRecognizer::type();
 }
 
 QRectF GraphicsObject::boundingRect() const

@@ -7,6 +7,7 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QTouchEvent>
 #include <QWidget>
+#include <QtNumeric>
 
 #include <algorithm>
 
@@ -22,13 +23,19 @@ GraphicsObjectPrivate::GraphicsObjectPrivate(const GraphicsObjectData &data,
     data.copyTo(this);
 }
 
+static auto isAlive(GraphicsObject *object)
+{
+    return [alive = QPointer<GraphicsObject>(object)] { return !alive.isNull(); };
+}
+
 void GraphicsObjectPrivate::init()
 {
     if (initialised)
         return;
     initialised = true;
     InitEvent event{InitEventData()};
-    EventDelivery::deliver(graphicsObject, &event, &GraphicsObject::initEvent);
+    EventDelivery::deliver(graphicsObject, &event, &GraphicsObject::initEvent,
+                           isAlive(graphicsObject));
 }
 
 void GraphicsObjectPrivate::deinit()
@@ -37,11 +44,15 @@ void GraphicsObjectPrivate::deinit()
         return;
     initialised = false;
     DeinitEvent event{DeinitEventData()};
-    EventDelivery::deliver(graphicsObject, &event, &GraphicsObject::deinitEvent);
+    EventDelivery::deliver(graphicsObject, &event, &GraphicsObject::deinitEvent,
+                           isAlive(graphicsObject));
 }
 
 void GraphicsObjectPrivate::resize(const QSizeF &newSize)
 {
+    // The scene would look for such an item for ever.
+    if (!qIsFinite(newSize.width()) || !qIsFinite(newSize.height()))
+        return;
     if (qFuzzyCompare(newSize.width(), size.width()) &&
         qFuzzyCompare(newSize.height(), size.height()))
         return;
@@ -49,7 +60,8 @@ void GraphicsObjectPrivate::resize(const QSizeF &newSize)
     graphicsObject->prepareGeometryChange();
     size = newSize;
     graphicsObject->update();
-    EventDelivery::deliver(graphicsObject, &event, &GraphicsObject::resizeEvent);
+    EventDelivery::deliver(graphicsObject, &event, &GraphicsObject::resizeEvent,
+                           isAlive(graphicsObject));
 }
 
 QVariant GraphicsObjectPrivate::getFieldValue(const QString &fieldId, bool internal) const

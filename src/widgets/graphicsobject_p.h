@@ -22,7 +22,8 @@ public:
     void init();
     //! The reverse of init().
     void deinit();
-    //! Gives the object a size and sends a ResizeEvent, unless it has that size.
+    //! Gives the object a size and sends a ResizeEvent, unless it has that size. A size with a part
+    //! that is infinite or no number is ignored; a negative one is taken as any other.
     void resize(const QSizeF &newSize);
     //! As WidgetPrivate::getFieldValue() and setFieldValue() of the object's widget. Without a
     //! widget: invalid, and no effect.
@@ -43,6 +44,8 @@ public:
     //! The touch point that is being turned into mouse events.
     qint32 touchPointId = noTouchPoint;
     GraphicsObject::Options options;
+    //! The widget that has this object in its list; null for none.
+    WidgetPrivate *owner = nullptr;
 
 private:
     struct MouseStep;

@@ -1,8 +1,10 @@
 #include "widget_p.h"
 
 #include "constructormatch.h"
+#include "deliveryround_p.h"
 #include "event.h"
 #include "eventdelivery_p.h"
+#include "fieldindex_p.h"
 #include "graphicsobject.h"
 #include "graphicsobjectprivateaccessor.h"
 #include "widget.h"
@@ -10,13 +12,15 @@
 
 #include <NARV/LogHandler>
 
-#include <QPointer>
-#include <QVector>
 #include <QtNumeric>
+
+#include <utility>
 
 namespace NARV {
 
+using INTERNAL::DeliveryRound;
 using INTERNAL::EventDelivery;
+using INTERNAL::FieldIndex;
 using INTERNAL::GraphicsObjectPrivateAccessor;
 using INTERNAL::WidgetActionManagerPrivateAccessor;
 
@@ -26,22 +30,33 @@ WidgetPrivate::WidgetPrivate(const WidgetData &data, Widget *publicWidget)
     data.copyTo(this);
 }
 
-WidgetPrivate::~WidgetPrivate() = default;
+WidgetPrivate::~WidgetPrivate()
+{
+    for (GraphicsObject *item : qAsConst(graphicsObjects))
+        GraphicsObjectPrivateAccessor::priv(item)->owner = nullptr;
+    if (m_round)
+        m_round->forgetWidget();
+}
 
 // Delivers to the widget and to the graphics objects that there are now, less those that are gone
 // by the time their turn comes; stops when the widget itself is gone.
 template<class E, class TellItem>
-void WidgetPrivate::deliverToAll(E *event, void (Widget::*handler)(E *), TellItem tellItem) const
+void WidgetPrivate::deliverToAll(DeliveryRound &round, E *event, void (Widget::*handler)(E *),
+                                 TellItem tellItem) const
 {
-    const QPointer<const WidgetPrivate> alive(this);
-    const QVector<QPointer<GraphicsObject>> items(graphicsObjects.cbegin(), graphicsObjects.cend());
-    EventDelivery::deliver(widget, event, handler);
-    for (const QPointer<GraphicsObject> &item : items) {
-        if (!alive)
-            return;
-        if (item)
-            tellItem(item.data());
-    }
+    round.start();
+    EventDelivery::deliver(widget, event, handler, [&round] { return round.isWidgetAlive(); });
+    while (GraphicsObject *item = round.next())
+        tellItem(item);
+}
+
+template<class E>
+void WidgetPrivate::deliverToAll(DeliveryRound &round, E *event, void (Widget::*handler)(E *),
+                                 void (GraphicsObject::*itemHandler)(E *)) const
+{
+    deliverToAll(round, event, handler, [&round, event, itemHandler](GraphicsObject *item) {
+        EventDelivery::deliver(item, event, itemHandler, [&round] { return round.isItemAlive(); });
+    });
 }
 
 void WidgetPrivate::init()
@@ -50,7 +65,8 @@ void WidgetPrivate::init()
         return;
     initialised = true;
     InitEvent event{InitEventData()};
-    deliverToAll(&event, &Widget::initEvent, [this](GraphicsObject *item) {
+    DeliveryRound round(this);
+    deliverToAll(round, &event, &Widget::initEvent, [this](GraphicsObject *item) {
         if (initialised)
             GraphicsObjectPrivateAccessor::priv(item)->init();
     });
@@ -62,7 +78,8 @@ void WidgetPrivate::deinit()
         return;
     initialised = false;
     DeinitEvent event{DeinitEventData()};
-    deliverToAll(&event, &Widget::deinitEvent, [this](GraphicsObject *item) {
+    DeliveryRound round(this);
+    deliverToAll(round, &event, &Widget::deinitEvent, [this](GraphicsObject *item) {
         if (!initialised)
             GraphicsObjectPrivateAccessor::priv(item)->deinit();
     });
@@ -84,12 +101,12 @@ QVariant WidgetPrivate::getFieldValue(const QString &fieldId, bool internal)
 {
     if (internal)
         return fieldValues.value(fieldId);
-    const auto field = fieldsInfo.constFind(fieldId);
-    if (field == fieldsInfo.constEnd()) {
+    const FieldIndex::Entry *field = fieldIndex().find(fieldId);
+    if (!field) {
         warn("getFieldValue called with an invalid fieldId:", fieldId);
         return QVariant();
     }
-    if (!field->getFieldValueIsEnabled()) {
+    if (!field->info.getFieldValueIsEnabled()) {
         warn("getFieldValue can not be used for the field", fieldId);
         return QVariant();
     }
@@ -99,26 +116,29 @@ QVariant WidgetPrivate::getFieldValue(const QString &fieldId, bool internal)
 void WidgetPrivate::setFieldValue(const QString &fieldId, const QVariant &value, bool internal,
                                   bool sendEvent)
 {
-    const auto field = fieldsInfo.constFind(fieldId);
-    if (field == fieldsInfo.constEnd())
+    const FieldIndex::Entry *field = fieldIndex().find(fieldId);
+    if (!field)
         return warn("setFieldValue called with an invalid fieldId:", fieldId);
-    if (!internal && !field->setFieldValueIsEnabled())
+    if (!internal && !field->info.setFieldValueIsEnabled())
         return warn("setFieldValue can not be used for the field", fieldId);
-    FieldIsChangedEventData change{fieldId, value, QVariant()};
-    if (!field->convertToFieldType(change.value))
+    FieldIsChangedEventData change{QString(), value, QVariant()};
+    if (!field->info.convertToFieldType(change.value))
         return warn("setFieldValue called with wrong value for the field ", fieldId, ": value is ",
                     value);
 
-    const QPointer<WidgetPrivate> alive(this);
-    const bool changed = store(change);
-    if (!internal)
-        Q_EMIT fieldIsChanged(change.fieldId, change.value);
-    if (!alive || !changed || !sendEvent)
+    if (!store(fieldId, field->position, change.value, change.oldValue) || !sendEvent) {
+        if (!internal)
+            Q_EMIT fieldIsChanged(fieldId, change.value);
         return;
-    FieldIsChangedEvent event(change);
-    deliverToAll(&event, &Widget::fieldIsChangedEvent, [&event](GraphicsObject *item) {
-        EventDelivery::deliver(item, &event, &GraphicsObject::fieldIsChangedEvent);
-    });
+    }
+    change.fieldId = fieldId; // a copy: the caller's own may go with the signal
+    FieldIsChangedEvent event(std::move(change));
+    DeliveryRound round(this);
+    if (!internal)
+        Q_EMIT fieldIsChanged(event.fieldId(), event.value());
+    if (round.isWidgetAlive())
+        deliverToAll(round, &event, &Widget::fieldIsChangedEvent,
+                     &GraphicsObject::fieldIsChangedEvent);
 }
 
 // Not-a-number counts as equal to itself: a handler that writes it back would never come to an end.
@@ -130,27 +150,45 @@ static bool isSame(const QVariant &a, const QVariant &b)
     return a == b || (isNan(a) && isNan(b));
 }
 
-// Stores the new value and notes the old one. False if they are equal.
-bool WidgetPrivate::store(FieldIsChangedEventData &change)
+// Of the descriptions as they are now.
+const FieldIndex &WidgetPrivate::fieldIndex()
 {
-    const auto stored = fieldValues.find(change.fieldId);
-    if (stored == fieldValues.end()) {
-        fieldValues.insert(change.fieldId, change.value);
-        return true;
+    if (!m_fieldIndex || !m_fieldIndex->fields().isSharedWith(fieldsInfo)) {
+        m_fieldIndex = std::make_shared<const FieldIndex>(fieldsInfo);
+        m_stored.clear();
     }
-    if (isSame(*stored, change.value))
+    return *m_fieldIndex;
+}
+
+// Stores the value and gives the old one. False if they are equal.
+bool WidgetPrivate::store(const QString &fieldId, int position, const QVariant &value,
+                          QVariant &oldValue)
+{
+    if (m_stored.isEmpty() || !m_fieldValues.isDetached()) { // the entries have other places
+        m_stored.fill(nullptr, m_fieldIndex->fields().size());
+        m_fieldValues.detach();
+    }
+    QVariant *&stored = m_stored[position];
+    if (!stored) {
+        const int count = m_fieldValues.size();
+        stored = &m_fieldValues[fieldId];
+        if (count != m_fieldValues.size()) {
+            *stored = value;
+            return true;
+        }
+    }
+    if (isSame(*stored, value))
         return false;
-    change.oldValue = *stored;
-    *stored = change.value;
+    oldValue = std::exchange(*stored, value);
     return true;
 }
 
 void WidgetPrivate::alarmEvent(const AlarmInfo &alarmInfo) const
 {
     AlarmStatusIsChangedEvent event(AlarmStatusIsChangedEventData{alarmInfo});
-    deliverToAll(&event, &Widget::alarmStatusIsChangedEvent, [&event](GraphicsObject *item) {
-        EventDelivery::deliver(item, &event, &GraphicsObject::alarmStatusIsChangedEvent);
-    });
+    DeliveryRound round(this);
+    deliverToAll(round, &event, &Widget::alarmStatusIsChangedEvent,
+                 &GraphicsObject::alarmStatusIsChangedEvent);
 }
 
 GraphicsObject *WidgetPrivate::newGraphicsObjectInstance()
@@ -158,12 +196,22 @@ GraphicsObject *WidgetPrivate::newGraphicsObjectInstance()
     const GraphicsObjectData data(id, version, widget, widgetActionManager);
     const auto constructor =
         INTERNAL::ConstructorMatch::forGraphicsObject(graphicsObjectMetaObject);
-    auto *item = qobject_cast<GraphicsObject *>(constructor.newInstance(&data));
+    auto *item = static_cast<GraphicsObject *>(constructor.newInstance(&data, pluginId));
     if (!item)
         return nullptr;
     graphicsObjects.append(item);
-    connect(item, &QObject::destroyed, this, [this, item] { graphicsObjects.removeAll(item); });
+    GraphicsObjectPrivateAccessor::priv(item)->owner = this;
     return item;
+}
+
+void WidgetPrivate::forget(GraphicsObject *item)
+{
+    const int position = graphicsObjects.indexOf(item);
+    if (position < 0)
+        return;
+    if (m_round)
+        m_round->forgetItem(position);
+    graphicsObjects.removeAt(position);
 }
 
 } // namespace NARV

@@ -4,7 +4,11 @@
 
 #include <QList>
 #include <QObject>
+#include <QScopedPointer>
 #include <QVariant>
+#include <QVector>
+
+#include <memory>
 
 namespace NARV {
 
@@ -12,7 +16,11 @@ class AlarmInfo;
 class GraphicsObject;
 class Widget;
 class WidgetActionManager;
-struct FieldIsChangedEventData;
+
+namespace INTERNAL {
+class DeliveryRound;
+class FieldIndex;
+} // namespace INTERNAL
 
 //! The host's side of a widget.
 //!
@@ -36,7 +44,7 @@ public:
     QVariant getFieldValue(const QString &fieldId, bool internal);
     //! Converts the value to the type of the field and stores it. A write of plugin code emits
     //! fieldIsChanged(), also when nothing has changed; a change is told to the widget and its
-    //! graphics objects if sendEvent is set.
+    //! graphics objects if sendEvent is set. A value that is no number equals itself.
     void setFieldValue(const QString &fieldId, const QVariant &value, bool internal,
                        bool sendEvent);
     //! Tells the widget and its graphics objects of an alarm.
@@ -51,9 +59,10 @@ public:
     WidgetData::VersionType version;
     QString pluginId;
     const QMetaObject *graphicsObjectMetaObject = nullptr;
-    QMap<QString, QVariant> fieldValues;
+    //! By field id; written by setFieldValue() only.
+    const QMap<QString, QVariant> &fieldValues = m_fieldValues;
     QMap<QString, WidgetData::FieldInfo> fieldsInfo;
-    //! Null for a widget not made through its library. Otherwise a child of this object.
+    //! Null for a widget not made through its library, which otherwise gives it to this object.
     WidgetActionManager *widgetActionManager = nullptr;
     //! Those made by newGraphicsObjectInstance() and still there, in the order of creation.
     QList<GraphicsObject *> graphicsObjects;
@@ -63,11 +72,28 @@ Q_SIGNALS:
     void fieldIsChanged(const QString &fieldId, const QVariant &value);
 
 private:
+    friend class INTERNAL::DeliveryRound;
+    friend class GraphicsObject;
+    friend class WidgetLibraryPluginPrivate;
+
     template<class E, class TellItem>
-    void deliverToAll(E *event, void (Widget::*handler)(E *), TellItem tellItem) const;
+    void deliverToAll(INTERNAL::DeliveryRound &round, E *event, void (Widget::*handler)(E *),
+                      TellItem tellItem) const;
+    template<class E>
+    void deliverToAll(INTERNAL::DeliveryRound &round, E *event, void (Widget::*handler)(E *),
+                      void (GraphicsObject::*itemHandler)(E *)) const;
     template<class... Items>
     void warn(const Items &...items) const;
-    bool store(FieldIsChangedEventData &change);
+    const INTERNAL::FieldIndex &fieldIndex();
+    bool store(const QString &fieldId, int position, const QVariant &value, QVariant &oldValue);
+    void forget(GraphicsObject *item);
+
+    mutable INTERNAL::DeliveryRound *m_round = nullptr; // the innermost of those under way
+    QScopedPointer<QObject> m_ownActionManager;
+    std::shared_ptr<const INTERNAL::FieldIndex> m_fieldIndex; // null until needed
+    QMap<QString, QVariant> m_fieldValues;
+    // The entries of m_fieldValues by position in the index, null where there is none.
+    QVector<QVariant *> m_stored;
 };
 
 } // namespace NARV

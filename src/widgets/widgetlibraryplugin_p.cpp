@@ -1,18 +1,21 @@
 #include "widgetlibraryplugin_p.h"
 
+#include "fieldindex_p.h"
 #include "widget.h"
 #include "widgetactionmanager.h"
 #include "widgetprivateaccessor.h"
 
 namespace NARV {
 
+using INTERNAL::FieldIndex;
+
 void WidgetLibraryPluginPrivate::registerWidget(const QString &widgetId, const QString &version,
                                                 const QMetaObject *widgetMetaObject,
                                                 const QMetaObject *graphicsObjectMetaObject)
 {
-    m_registrations.insert({widgetId, version},
-                           {widgetMetaObject, graphicsObjectMetaObject,
-                            INTERNAL::ConstructorMatch::forWidget(widgetMetaObject)});
+    m_registrations[{widgetId, version}] = {widgetMetaObject, graphicsObjectMetaObject,
+                                            INTERNAL::ConstructorMatch::forWidget(widgetMetaObject),
+                                            WidgetData::VersionType(version), nullptr};
 }
 
 Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
@@ -20,17 +23,26 @@ Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
     const QMap<QString, FieldInfo> &fieldsInfo,
     INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const
 {
-    const auto found = m_registrations.constFind({widgetId, version});
-    if (found == m_registrations.constEnd())
+    const std::pair<const QString &, const QString &> key(widgetId, version);
+    const auto found = m_registrations.find(key);
+    if (found == m_registrations.cend())
         return nullptr;
 
+    const Registration &registration = found->second;
+    FieldIndex::update(registration.fieldIndex, fieldsInfo);
+    auto fieldIndex = registration.fieldIndex;
     auto *actionManager = new WidgetActionManager(actionManagerImpl, nullptr);
     QScopedPointer<QObject> owner(actionManager);
-    const WidgetData data(widgetId, WidgetData::VersionType(version), pluginId, fieldsInfo,
-                          found->graphicsObjectMetaObject, actionManager);
-    auto *widget = qobject_cast<Widget *>(found->widgetConstructor.newInstance(&data));
-    if (widget)
-        owner.take()->setParent(INTERNAL::WidgetPrivateAccessor::priv(widget));
+    const WidgetData data(widgetId, registration.parsedVersion, pluginId, fieldIndex->fields(),
+                          registration.graphicsObjectMetaObject, actionManager);
+    auto *widget =
+        static_cast<Widget *>(registration.widgetConstructor.newInstance(&data, pluginId));
+    if (!widget)
+        return nullptr;
+    WidgetPrivate *priv = INTERNAL::WidgetPrivateAccessor::priv(widget);
+    priv->m_ownActionManager.swap(owner);
+    if (!priv->m_fieldIndex)
+        priv->m_fieldIndex = std::move(fieldIndex);
     return widget;
 }
 

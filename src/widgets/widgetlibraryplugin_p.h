@@ -4,16 +4,21 @@
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
 
 #include <QMap>
-#include <QPair>
 #include <QString>
+
+#include <map>
+#include <memory>
+#include <tuple>
+#include <utility>
 
 namespace NARV {
 
 class Widget;
 
 namespace INTERNAL {
+class FieldIndex;
 class WidgetActionManagerImpl;
-}
+} // namespace INTERNAL
 
 //! What a widget library has registered, and the maker of its widgets. Lives as long as the plugin
 //! object, on its thread.
@@ -30,9 +35,23 @@ public:
         const QMetaObject *graphicsObjectMetaObject = nullptr;
         //! Found at registration; without a match no instance can be made.
         INTERNAL::ConstructorMatch widgetConstructor;
+        //! Read from the version text; invalid if that is none.
+        INTERNAL::PluginMetaInformation::VersionType parsedVersion;
+        //! Of the fields of the last instance.
+        mutable std::shared_ptr<const INTERNAL::FieldIndex> fieldIndex;
+    };
+    //! Compares a key, or a pair of references that stands for one.
+    struct ByIdAndVersion
+    {
+        using is_transparent = void;
+        template<class A, class B>
+        bool operator()(const A &a, const B &b) const
+        {
+            return std::tie(a.first, a.second) < std::tie(b.first, b.second);
+        }
     };
     //! By widget id and version, both as written at registration and ordered as plain text.
-    using Registrations = QMap<QPair<QString, QString>, Registration>;
+    using Registrations = std::map<std::pair<QString, QString>, Registration, ByIdAndVersion>;
 
     //! Every registered widget.
     const Registrations &registrations() const { return m_registrations; }
@@ -42,10 +61,11 @@ public:
                         const QMetaObject *graphicsObjectMetaObject);
 
     //! A new widget, owned by the caller; null if no widget is registered under exactly this id and
-    //! version text or if its class cannot be instantiated. pluginId becomes the source of the
-    //! widget's log messages. actionManagerImpl stays with the host and must outlive the widget; it
-    //! may be null for a widget that has no host to talk to. The action manager made for the widget
-    //! belongs to the widget's private part and is deleted with it.
+    //! version text or if its class cannot be instantiated. A constructor that throws counts as one
+    //! that cannot, and is logged. pluginId becomes the source of the widget's log messages.
+    //! actionManagerImpl stays with the host and must outlive the widget; it may be null for a
+    //! widget that has no host to talk to. The action manager made for the widget belongs to the
+    //! widget's private part and is deleted with it.
     Widget *newWidgetInstance(const QString &widgetId, const QString &version,
                               const QString &pluginId, const QMap<QString, FieldInfo> &fieldsInfo,
                               INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const;

@@ -42,7 +42,8 @@ QMap<QString, NARV::WidgetData::FieldInfo> RecordingLibrary::fields()
     return {{QStringLiteral("level"), field(Type::Integer)},
             {QStringLiteral("secret"), field(Type::Integer, false)},
             {QStringLiteral("ratio"), field(Type::Double)},
-            {QStringLiteral("texts"), field(Type::StringMap)}};
+            {QStringLiteral("texts"), field(Type::StringMap)},
+            {QStringLiteral("picture"), field(Type::Image)}};
 }
 
 GaugeFixture::GaugeFixture(int itemCount)

@@ -98,7 +98,8 @@ private:
 };
 
 //! A library with the widget "gauge" 1.0.0 and its fields: "level" (integer), "secret" (integer
-//! that plugin code may neither read nor write), "ratio" (double) and "texts" (texts by number).
+//! that plugin code may neither read nor write), "ratio" (double), "texts" (texts by
+//! number) and "picture" (image).
 class RecordingLibrary : public NARV::WidgetLibraryPlugin
 {
     Q_OBJECT

@@ -24,6 +24,10 @@ static const struct
     {"other width", {100.001, 50}, true},
     {"other height", {100, 51}, true},
     {"nothing", {0, 0}, true},
+    {"negative", {-3, -4}, true},
+    {"no number", {qQNaN(), 50}, false},
+    {"infinite", {100, qInf()}, false},
+    {"minus infinite", {-qInf(), -qInf()}, false},
 };
 
 class tst_GraphicsObject : public GuardedTest

@@ -3,6 +3,8 @@
 
 #include <NARV/NullGraphicsObject>
 
+#include <stdexcept>
+
 using NARV::WidgetData;
 using NARV::INTERNAL::ConstructorMatch;
 
@@ -42,12 +44,37 @@ public:
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
 };
 
+class ThrowingWidget : public NARV::Widget
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE explicit ThrowingWidget(const NARV::WidgetData &data)
+        : Widget(data)
+    {
+        throw std::runtime_error("no license");
+    }
+};
+
+class ThrowingItem : public NARV::NullGraphicsObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE explicit ThrowingItem(const NARV::GraphicsObjectData &data)
+        : NullGraphicsObject(data)
+    {
+        throw 1;
+    }
+};
+
 static const struct
 {
     const char *name;
     const QMetaObject *widget;
     const QMetaObject *item;
     bool widgetIsMade;
+    const char *thrown = nullptr;
 } misfitRows[] = {
     {"no widget class", nullptr, &RecordingItem::staticMetaObject, false},
     {"no widget", &NoWidget::staticMetaObject, &RecordingItem::staticMetaObject, false},
@@ -55,6 +82,10 @@ static const struct
     {"base itself", &NARV::Widget::staticMetaObject, &RecordingItem::staticMetaObject, false},
     {"no item class", &RecordingWidget::staticMetaObject, nullptr, true},
     {"no item", &RecordingWidget::staticMetaObject, &RecordingWidget::staticMetaObject, true},
+    {"throwing widget", &ThrowingWidget::staticMetaObject, nullptr, false,
+     "the plugin threw an exception: no license"},
+    {"throwing item", &RecordingWidget::staticMetaObject, &ThrowingItem::staticMetaObject, true,
+     "the plugin threw an exception of unknown type"},
 };
 
 class tst_Registration : public GuardedTest
@@ -66,6 +97,7 @@ private Q_SLOTS:
     void misfits_data() { addRows(misfitRows); }
     void misfits();
     void signatures();
+    void instancesShareTheirFields();
     void strayItemIsForgotten();
     void projectWidget();
     void table();
@@ -93,6 +125,10 @@ void tst_Registration::misfits()
         QCOMPARE(priv->newGraphicsObjectInstance(), nullptr);
         QVERIFY(made->graphicsObjectsList().isEmpty());
     }
+    QList<LogEntry> expected;
+    if (row.thrown)
+        expected.append({QtCriticalMsg, u("lib"), u("NARV"), u(row.thrown)});
+    QCOMPARE(takeLog(), expected);
 }
 
 void tst_Registration::signatures()
@@ -104,6 +140,22 @@ void tst_Registration::signatures()
     const QMetaObject *null = &NARV::NullGraphicsObject::staticMetaObject;
     QCOMPARE(ConstructorMatch::forGraphicsObject(null).index(), 0);
     QVERIFY(!ConstructorMatch::forWidget(null).isValid());
+}
+
+// Also if the host makes the map anew for each of them.
+void tst_Registration::instancesShareTheirFields()
+{
+    RecordingLibrary library;
+    const QScopedPointer<RecordingWidget> first(library.newGauge(nullptr));
+    const QScopedPointer<RecordingWidget> second(library.newGauge(nullptr));
+    const auto &fields = NARV::INTERNAL::WidgetPrivateAccessor::priv(first.data())->fieldsInfo;
+    QVERIFY(fields.isSharedWith(
+        NARV::INTERNAL::WidgetPrivateAccessor::priv(second.data())->fieldsInfo));
+    QVERIFY(fields == RecordingLibrary::fields());
+
+    const std::unique_ptr<NARV::Widget> other(
+        library.priv()->newWidgetInstance(gauge, version, {}, {}, nullptr));
+    QVERIFY(NARV::INTERNAL::WidgetPrivateAccessor::priv(other.get())->fieldsInfo.isEmpty());
 }
 
 void tst_Registration::strayItemIsForgotten()
@@ -131,8 +183,10 @@ void tst_Registration::table()
     const QString other = u("0.10");
     NARV::registerProjectWidget<Unqualified>(&library, gauge, version);
     NARV::registerProjectWidget<RecordingWidget>(&library, gauge, other);
-    const QList<QPair<QString, QString>> keys{{gauge, other}, {gauge, version}};
-    QCOMPARE(library.priv()->registrations().keys(), keys);
+    QStringList keys;
+    for (const auto &[key, registration] : library.priv()->registrations())
+        keys += key.first + key.second;
+    QCOMPARE(keys, (QStringList{gauge + other, gauge + version}));
     QCOMPARE(library.newGauge(nullptr), nullptr);
     const auto make = [&](const char *id, const char *text) {
         return std::unique_ptr<NARV::Widget>(

@@ -6,6 +6,9 @@
 #include <QGraphicsScene>
 #include <QSignalSpy>
 
+#include <cstring>
+#include <stdexcept>
+
 using NARV::INTERNAL::GraphicsObjectPrivateAccessor;
 
 static const QString level = u("level");
@@ -82,6 +85,10 @@ private Q_SLOTS:
     void itemMadeInHandlerIsNotServed();
     void stateChangedInHandler();
     void widgetDeletedInHandler();
+    void itemReplacedInHandler();
+    void nestedDeliveries();
+    void exceptionInHandler();
+    void valuesSeenFromOutside();
     void itemOutlivesWidget();
     void eventWhileItemIsDestroyed();
     void roles();
@@ -202,9 +209,10 @@ void tst_Widget::writeOfTheSameValueIsNoChange()
     for (int i = 0; i < 2; ++i) {
         const QMap<int, QString> texts{{1, u("a")}};
         gauge.widget->setFieldValue(u("ratio"), qQNaN());
+        gauge.widget->setFieldValue(u("picture"), QVariant()); // the first is a change
         gauge.widget->setFieldValue(u("texts"), QVariant::fromValue(texts));
     }
-    QCOMPARE(gauge.heard("FieldIsChanged"), u("w? w! w? w!"));
+    QCOMPARE(gauge.heard("FieldIsChanged"), u("w? w! w? w! w? w!"));
 }
 
 void tst_Widget::intrusiveHandlers()
@@ -239,18 +247,95 @@ void tst_Widget::stateChangedInHandler()
     QVERIFY(!GraphicsObjectPrivateAccessor::priv(gauge.items[1])->initialised);
 }
 
+// By the slot of the signal, the widget itself, its first item, and a write nested in the event.
 void tst_Widget::widgetDeletedInHandler()
 {
-    for (const bool inSignal : {true, false}) {
-        GaugeFixture gauge(1);
-        const auto kill = [&gauge] { delete gauge.widget; };
-        if (inSignal)
-            connect(gauge.priv(), &NARV::WidgetPrivate::fieldIsChanged, kill);
-        else
-            gauge.widget->onEvent = [kill](NARV::Event *) { kill(); };
+    for (const char *heard : {"", "w?", "w? w! 1?", "w? w! 1? w?"}) {
+        GaugeFixture gauge(2);
+        const auto kill = [&gauge](NARV::Event * = nullptr) { delete gauge.widget; };
+        switch (std::strlen(heard)) {
+        case 0:
+            connect(gauge.priv(), &NARV::WidgetPrivate::fieldIsChanged, [kill] { kill(); });
+            break;
+        case 2:
+            gauge.widget->onEvent = kill;
+            break;
+        case 8:
+            gauge.items[0]->onEvent = kill;
+            break;
+        default:
+            gauge.items[0]->onEvent = [&gauge, kill](NARV::Event *) {
+                gauge.widget->onEvent = kill;
+                gauge.items[0]->setFieldValue(level, 2);
+            };
+        }
         gauge.priv()->setFieldValue(level, 1, false, true);
-        QCOMPARE(gauge.heard("FieldIsChanged"), inSignal ? QString() : u("w?"));
+        QCOMPARE(gauge.heard("FieldIsChanged"), u(heard));
     }
+}
+
+// The new item may well get the place in memory of the old one.
+void tst_Widget::itemReplacedInHandler()
+{
+    GaugeFixture gauge(2);
+    gauge.items[0]->onEvent = [&gauge](NARV::Event *) {
+        delete gauge.items[0];
+        gauge.addItem();
+    };
+    gauge.priv()->alarmEvent(NARV::AlarmInfo());
+    QCOMPARE(gauge.heard("AlarmStatusIsChanged"), u("w? w! 1? 2? 2!"));
+}
+
+// An item writes a field, which is told at once, and in that the item before it goes. In the first
+// round nobody is left out or served twice for it.
+void tst_Widget::nestedDeliveries()
+{
+    GaugeFixture gauge(3);
+    gauge.items[1]->onHandler = [&gauge](NARV::Event *event) {
+        if (event->type() == NARV::Event::AlarmStatusIsChanged)
+            gauge.items[1]->setFieldValue(level, 1);
+        else
+            delete gauge.items[0];
+    };
+    gauge.priv()->alarmEvent(NARV::AlarmInfo());
+    QCOMPARE(gauge.heard("IsChanged"),
+             u("w?AlarmStatus w!AlarmStatus 1?AlarmStatus 1!AlarmStatus 2?AlarmStatus "
+               "2!AlarmStatus w?Field w!Field 1?Field 1!Field 2?Field 2!Field 3?Field 3!Field "
+               "3?AlarmStatus 3!AlarmStatus"));
+}
+
+void tst_Widget::exceptionInHandler()
+{
+    GaugeFixture gauge(2);
+    gauge.widget->onHandler = [](NARV::Event *) { throw std::runtime_error("w"); };
+    gauge.items[0]->onEvent = [](NARV::Event *) { throw std::runtime_error("1"); };
+    gauge.priv()->init();
+    QCOMPARE(gauge.heard("InitEvent"), u("w? w! 1? 2? 2!"));
+    QList<LogEntry> expected;
+    for (const char *what : {"w", "1"})
+        expected.append(
+            {QtCriticalMsg, u("lib"), u("NARV"), u("the plugin threw an exception: ") + u(what)});
+    QCOMPARE(takeLog(), expected);
+}
+
+// A copy of the values stays as it is, and so do the descriptions count that there are now.
+void tst_Widget::valuesSeenFromOutside()
+{
+    GaugeFixture gauge;
+    for (int value = 1; value < 4; ++value) {
+        gauge.widget->setFieldValue(level, value);
+        const QMap<QString, QVariant> copy = gauge.priv()->fieldValues;
+        gauge.widget->setFieldValue(level, value + 10);
+        gauge.widget->setFieldValue(u("ratio"), value);
+        QCOMPARE(copy[level], QVariant(value));
+        QCOMPARE(gauge.priv()->fieldValues[level], QVariant(value + 10));
+        QCOMPARE(gauge.widget->getFieldValue(u("ratio")), QVariant(double(value)));
+    }
+    gauge.priv()->fieldsInfo = {{u("texts"), RecordingLibrary::fields()[level]}};
+    gauge.widget->setFieldValue(u("texts"), 5);
+    gauge.widget->setFieldValue(level, 5);
+    QCOMPARE(gauge.priv()->getFieldValue(u("texts"), true), QVariant(5));
+    QCOMPARE(gauge.priv()->getFieldValue(level, true), QVariant(13));
 }
 
 void tst_Widget::itemOutlivesWidget()

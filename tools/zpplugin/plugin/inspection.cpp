@@ -46,14 +46,14 @@ QJsonArray registrations(NARV::WidgetLibraryPlugin &plugin)
     QJsonArray result;
     const auto &table =
         NARV::INTERNAL::WidgetLibraryPluginPrivateAccessor::priv(&plugin)->registrations();
-    for (auto it = table.begin(); it != table.end(); ++it) {
-        const QMetaObject *widget = it->widgetMetaObject;
-        const QMetaObject *item = it->graphicsObjectMetaObject;
+    for (const auto &[key, registration] : table) {
+        const QMetaObject *widget = registration.widgetMetaObject;
+        const QMetaObject *item = registration.graphicsObjectMetaObject;
         result.append(QJsonObject{
-            {QLatin1String("id"), it.key().first},
-            {QLatin1String("version"), it.key().second},
+            {QLatin1String("id"), key.first},
+            {QLatin1String("version"), key.second},
             {QLatin1String("widgetFault"),
-             classFault(widget, it->widgetConstructor, NARV::Widget::staticMetaObject,
+             classFault(widget, registration.widgetConstructor, NARV::Widget::staticMetaObject,
                         QStringLiteral("NARV::WidgetData"))},
             {QLatin1String("graphicsObjectFault"),
              classFault(item, ConstructorMatch::forGraphicsObject(item),
