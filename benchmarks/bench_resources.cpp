@@ -141,6 +141,8 @@ static QVector<Step> stepsOf(const QByteArray &document)
                 steps.append({Step::Characters, {}, reader.text().toString()});
             break;
         case QXmlStreamReader::EndElement:
+            if (reader.name() == QLatin1String("text") && steps.last().kind == Step::Attribute)
+                steps.append({Step::Characters, {}, {}}); // which the reader does not tell of
             steps.append({Step::End, {}, {}});
             break;
         default:

@@ -85,8 +85,7 @@ XmlElement &XmlElement::text(const QString &text)
         m_writer.writeEntityReference(QStringLiteral("#13"));
         from = end + 1;
     }
-    if (from < fit.size())
-        m_writer.writeCharacters(from > 0 ? fit.mid(from) : fit);
+    m_writer.writeCharacters(from > 0 ? fit.mid(from) : fit);
     return *this;
 }
 
