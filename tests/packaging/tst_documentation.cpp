@@ -11,6 +11,7 @@ class tst_Documentation : public QObject
 private Q_SLOTS:
     void codeIsFromAnExample_data();
     void codeIsFromAnExample();
+    void documentsAreFromTheGallery();
     void linksLeadToFiles_data();
     void linksLeadToFiles();
 
@@ -53,6 +54,22 @@ void tst_Documentation::codeIsFromAnExample()
         const QStringList paragraphs = blocks.next().captured(2).split(QStringLiteral("\n\n"));
         for (const QString &paragraph : paragraphs)
             QVERIFY2(examples.contains(paragraph.simplified()), qPrintable(paragraph));
+    }
+}
+
+void tst_Documentation::documentsAreFromTheGallery()
+{
+    QString documents;
+    const QDir golden(project.filePath(QStringLiteral("tests/gallery/golden/it-IT")));
+    for (const QString &name : golden.entryList(QDir::Files))
+        documents += read(golden.filePath(name));
+    static const QRegularExpression line(QStringLiteral("^ *<[a-zA-Z/].*>$"),
+                                         QRegularExpression::MultilineOption);
+    auto lines = line.globalMatch(read(project.filePath(QStringLiteral("docs/file-formats.md"))));
+    QVERIFY(lines.hasNext());
+    while (lines.hasNext()) {
+        const QString text = lines.next().captured().trimmed();
+        QVERIFY2(documents.contains(text), qPrintable(text));
     }
 }
 
