@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 static const char *const plugin = GALLERY_DIR;
+static const char *const example = PROJECT_DIR "/docs/gallery-page.json"; // of the pages to read
 
 //! A scene file: the widgets are in line 2, the test data begins in line 3.
 static QByteArray scene(const QByteArray &widgets, const QByteArray &data)
@@ -95,6 +96,7 @@ static const struct
     {"--widget gauge --size 320x240", {320, 240}, "--widget gauge --size 240x320"},
     {"--size 400x300", {400, 300}, "--size 401x300"},
     {"--scene page.json --mode runtime --at 10", {300, 200}, "--scene page.json --mode runtime"},
+    {"--scene EXAMPLE --mode runtime --at 27", {800, 480}, "--scene EXAMPLE"},
     {"--scene page.json --size 60x50", {60, 50}, "--scene page.json"},
 };
 
@@ -148,6 +150,7 @@ Outcome tst_ZppluginBench::run(const QString &arguments) const
         environment.remove(u(name));
     QStringList words = arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     words.replaceInStrings(u("PLUGIN"), u(plugin));
+    words.replaceInStrings(u("EXAMPLE"), u(example));
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_dir.path());
