@@ -14,6 +14,7 @@ private Q_SLOTS:
     void documentsAreFromTheGallery();
     void linksLeadToFiles_data();
     void linksLeadToFiles();
+    void shortcutsAreThoseOfTheMenus();
 
 private:
     static QString read(const QString &path);
@@ -32,16 +33,20 @@ QString tst_Documentation::read(const QString &path)
 void tst_Documentation::codeIsFromAnExample_data()
 {
     QTest::addColumn<QString>("page");
-    for (const auto page : {"README.md", "docs/host-integrator-guide.md"})
+    for (const auto page : {"README.md", "docs/file-formats.md", "docs/host-integrator-guide.md",
+                            "docs/test-bench.md"})
         QTest::newRow(page) << project.filePath(QLatin1String(page));
 }
 
 void tst_Documentation::codeIsFromAnExample()
 {
     QString examples;
-    for (const auto folder : {"examples/hello", "examples/host", "tests/packaging/consumer"}) {
+    for (const auto folder :
+         {"docs", "examples/hello", "examples/host", "tests/packaging/consumer"}) {
         const QDir dir(project.filePath(QLatin1String(folder)));
-        for (const QString &name : dir.entryList(QDir::Files))
+        const QStringList files({QStringLiteral("*.cpp"), QStringLiteral("*.h"),
+                                 QStringLiteral("*.json"), QStringLiteral("CMakeLists.txt")});
+        for (const QString &name : dir.entryList(files))
             examples += read(dir.filePath(name)).simplified() + QLatin1Char('\n');
     }
 
@@ -88,10 +93,29 @@ void tst_Documentation::linksLeadToFiles()
 {
     QFETCH(QString, page);
     static const QRegularExpression link(QStringLiteral("\\]\\(([^):#]+)(#[^)]*)?\\)"));
-    auto links = link.globalMatch(read(page));
+    static const QRegularExpression code(QStringLiteral("```.*?```"),
+                                         QRegularExpression::DotMatchesEverythingOption);
+    auto links = link.globalMatch(read(page).remove(code));
     while (links.hasNext()) {
         const QString target = links.next().captured(1);
         QVERIFY2(QFileInfo::exists(QFileInfo(page).dir().filePath(target)), qPrintable(target));
+    }
+}
+
+// Entries are written as {"name", TEXT("&Text"), "Ctrl+X", ...
+void tst_Documentation::shortcutsAreThoseOfTheMenus()
+{
+    static const QRegularExpression entry(
+        QStringLiteral("TEXT\\(\"([^\"]+)\"\\),\\s*\"([^\"]+)\""));
+    const QString page = read(project.filePath(QStringLiteral("docs/test-bench.md")));
+    auto entries =
+        entry.globalMatch(read(project.filePath(QStringLiteral("src/dev/window/actiontable.cpp"))));
+    QVERIFY(entries.hasNext());
+    while (entries.hasNext()) {
+        const QRegularExpressionMatch match = entries.next();
+        const QString row = QStringLiteral("| %1 | %2 |\n")
+                                .arg(match.captured(1).remove(QLatin1Char('&')), match.captured(2));
+        QVERIFY2(page.contains(row), qPrintable(row));
     }
 }
 

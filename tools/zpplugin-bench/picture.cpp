@@ -78,9 +78,9 @@ bool Drawing::draw()
         return false;
     m_time.start(start.toMSecsSinceEpoch());
     m_bench.setStartTime(start);
+    m_bench.setRuntimeMode(m_options.isRuntime.value_or(false));
     if (!fillPage())
         return false;
-    m_bench.setRuntimeMode(m_options.isRuntime.value_or(false));
     m_bench.setTimeRunning(true);
     m_time.advance(m_options.at);
     return save();
