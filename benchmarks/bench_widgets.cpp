@@ -293,6 +293,14 @@ static double bytesPerWidget(int writtenFields)
     return double(heapInUse() - before) / 1000;
 }
 
+static double bytesOfDescription()
+{
+    fields();
+    const size_t before = heapInUse();
+    const Fields map = description();
+    return double(heapInUse() - before);
+}
+
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -307,6 +315,7 @@ int main(int argc, char **argv)
              "metaObjectNewInstance", 0.5},
         });
     printMeasured("heap of a widget without values, bytes", bytesPerWidget(0), 1024);
+    std::printf("heap of a description: %.0f bytes\n", bytesOfDescription());
     std::printf("heap of a widget with ten values: %.0f bytes\n", bytesPerWidget(10));
     return result;
 }
