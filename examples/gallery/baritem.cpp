@@ -9,6 +9,7 @@ static constexpr qreal gap = 4;
 static constexpr qreal majorTick = 8;
 static constexpr qreal minorTick = 4;
 static constexpr qreal limitsWidth = 4;
+static constexpr qreal largestShare = 0.7; // of the widget for what is not the bar
 
 BarItem::BarItem(const NARV::GraphicsObjectData &data)
     : IndicatorItem(data)
@@ -56,10 +57,12 @@ QRectF BarItem::drawValue(QPainter &painter, const QRectF &area)
     if (!flag("showValue"))
         return area;
     const QFont valueFont = font("valueFont");
+    if (lineHeight(valueFont) > area.height() * largestShare)
+        return area;
     QRectF rest = area;
     const QRectF line = takeBottom(rest, lineHeight(valueFont));
     drawFittedText(painter, line, Qt::AlignCenter, valueText(), valueFont,
-                   stateColor(color("valueColor")));
+                   legible(stateColor(color("valueColor")), color("trackColor")));
     return rest;
 }
 
@@ -78,7 +81,8 @@ qreal BarItem::scaleExtent()
 
 QRectF BarItem::drawScale(QPainter &painter, const QRectF &area)
 {
-    if (!flag("showScale"))
+    const qreal room = isUpright() ? area.width() : area.height();
+    if (!flag("showScale") || scaleExtent() > room * largestShare)
         return area;
     // Half a label sticks out at each end.
     const QFont labelFont = font("scaleFont");
@@ -92,19 +96,36 @@ QRectF BarItem::drawScale(QPainter &painter, const QRectF &area)
         track.adjust(textWidth(labelFont, labelText(values.lowest())) / 2 + gap, 0,
                      -textWidth(labelFont, labelText(values.highest())) / 2 - gap, 0);
     }
-    for (const Scale::Tick &tick : ticks())
-        drawTick(painter, segment(track, tick.fraction, tick.fraction), tick);
+    drawTicks(painter, track);
     return track;
 }
 
-void BarItem::drawTick(QPainter &painter, const QRectF &position, const Scale::Tick &tick)
+void BarItem::drawTicks(QPainter &painter, const QRectF &track)
+{
+    const QFont labelFont = font("scaleFont");
+    const Scale values = scale();
+    const qreal label = isUpright() ? lineHeight(labelFont)
+                                    : qMax(textWidth(labelFont, labelText(values.lowest())),
+                                           textWidth(labelFont, labelText(values.highest()))) +
+                                          gap;
+    const int interval =
+        labelInterval(integer("divisions"), isUpright() ? track.height() : track.width(), label);
+    int labels = 0;
+    for (const Scale::Tick &tick : ticks()) {
+        const QRectF position = segment(track, tick.fraction, tick.fraction);
+        drawTick(painter, position, tick, tick.isMajor && labels++ % interval == 0);
+    }
+}
+
+void BarItem::drawTick(QPainter &painter, const QRectF &position, const Scale::Tick &tick,
+                       bool hasLabel)
 {
     const qreal length = tick.isMajor ? majorTick : minorTick;
     const QPointF offset = isUpright() ? QPointF(length, 0) : QPointF(0, length);
     const QPointF start = position.bottomRight();
     painter.setPen(QPen(color("scaleColor"), tick.isMajor ? 1.5 : 1));
     painter.drawLine(start, start + offset);
-    if (tick.isMajor)
+    if (hasLabel)
         drawTickLabel(painter, start + offset, tick);
 }
 

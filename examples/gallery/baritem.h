@@ -29,7 +29,9 @@ private:
     //! Cuts the scale off area and draws it; what remains is the track.
     QRectF drawScale(QPainter &painter, const QRectF &area);
     qreal scaleExtent();
-    void drawTick(QPainter &painter, const QRectF &position, const Scale::Tick &tick);
+    void drawTicks(QPainter &painter, const QRectF &track);
+    void drawTick(QPainter &painter, const QRectF &position, const Scale::Tick &tick,
+                  bool hasLabel);
     void drawTickLabel(QPainter &painter, const QPointF &end, const Scale::Tick &tick);
     void drawBar(QPainter &painter, const QRectF &track);
     void drawLimits(QPainter &painter, const QRectF &track);

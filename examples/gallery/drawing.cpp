@@ -3,7 +3,10 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include <cmath>
+
 static constexpr qreal smallestPointSize = 4;
+static constexpr double leastContrast = 4.5; // what small type needs, of 1 to 21
 
 void drawPlate(QPainter &painter, const QRectF &area, const PlateStyle &style)
 {
@@ -41,11 +44,62 @@ void drawFittedText(QPainter &painter, const QRectF &area, int alignment, const 
         drawLine(painter, area, alignment, text, fitted(font, text, area.size()), color);
 }
 
+void drawWrappedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
+                     const QColor &color)
+{
+    static constexpr int flags = int(Qt::AlignCenter) | Qt::TextWordWrap;
+    if (!area.contains(QFontMetricsF(font).boundingRect(area, flags, text)))
+        return drawFittedText(painter, area, Qt::AlignCenter, text, font, color);
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.drawText(area, flags, text);
+}
+
 void drawElidedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
                     const QColor &color)
 {
     const QString shown = QFontMetricsF(font).elidedText(text, Qt::ElideRight, area.width());
     drawLine(painter, area, Qt::AlignLeft | Qt::AlignVCenter, shown, font, color);
+}
+
+static double linear(qreal channel)
+{
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+static double luminance(const QColor &color)
+{
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+static double contrast(const QColor &one, const QColor &other)
+{
+    const double a = luminance(one);
+    const double b = luminance(other);
+    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
+}
+
+//! A colour on the way from one to another; 0 is the first, 1 the second.
+static QColor between(const QColor &from, const QColor &to, qreal part)
+{
+    const auto mixed = [part](qreal a, qreal b) { return a + (b - a) * part; };
+    return QColor::fromRgbF(mixed(from.redF(), to.redF()), mixed(from.greenF(), to.greenF()),
+                            mixed(from.blueF(), to.blueF()));
+}
+
+QColor legible(const QColor &ink, const QColor &ground)
+{
+    static constexpr int steps = 10;
+    if (!ink.isValid() || !ground.isValid())
+        return ink;
+    const QColor black(Qt::black);
+    const QColor white(Qt::white);
+    const QColor end = contrast(black, ground) > contrast(white, ground) ? black : white;
+    QColor found = ink;
+    for (int i = 1; i <= steps && contrast(found, ground) < leastContrast; ++i)
+        found = between(ink, end, qreal(i) / steps);
+    return found;
 }
 
 qreal lineHeight(const QFont &font)
@@ -56,6 +110,13 @@ qreal lineHeight(const QFont &font)
 qreal textWidth(const QFont &font, const QString &text)
 {
     return QFontMetricsF(font).horizontalAdvance(text);
+}
+
+int labelInterval(int ticks, qreal length, qreal label)
+{
+    if (!(length > 0))
+        return qMax(1, ticks);
+    return qBound(1, int(std::ceil(ticks * label / length)), qMax(1, ticks));
 }
 
 QRectF takeTop(QRectF &area, qreal height)

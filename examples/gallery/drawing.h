@@ -22,13 +22,21 @@ void drawPlate(QPainter &painter, const QRectF &area, const PlateStyle &style);
 //! Draws one line of text in area, in smaller type if it would not fit.
 void drawFittedText(QPainter &painter, const QRectF &area, int alignment, const QString &text,
                     const QFont &font, const QColor &color);
+//! Draws a text in the middle of area, in several lines if there is room for them, else fitted.
+void drawWrappedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
+                     const QColor &color);
 //! Draws one line of text in area, cut off with dots if it would not fit.
 void drawElidedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
                     const QColor &color);
 
+//! The ink, or one as near to it as can be read on a ground.
+QColor legible(const QColor &ink, const QColor &ground);
+
 //! The height to reserve for one line of text.
 qreal lineHeight(const QFont &font);
 qreal textWidth(const QFont &font, const QString &text);
+//! Of ticks in a row on a length, every how manieth has room for a label.
+int labelInterval(int ticks, qreal length, qreal label);
 
 //! Cut a strip off area and return it. What is asked for too much is not cut off.
 QRectF takeTop(QRectF &area, qreal height);

@@ -2,7 +2,10 @@
 
 #include "drawing.h"
 
+#include <NARV/WidgetActionManager>
+
 #include <QPainter>
+#include <QTimerEvent>
 
 GalleryItem::GalleryItem(const NARV::GraphicsObjectData &data)
     : NARV::GraphicsObject(data)
@@ -20,9 +23,65 @@ void GalleryItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWi
     painter->restore();
 }
 
+void GalleryItem::initEvent(NARV::InitEvent *)
+{
+    m_isInitialised = true;
+    updateBeat();
+}
+
+void GalleryItem::deinitEvent(NARV::DeinitEvent *)
+{
+    m_isInitialised = false;
+    updateBeat();
+}
+
 void GalleryItem::fieldIsChangedEvent(NARV::FieldIsChangedEvent *)
 {
     update();
+    updateBeat();
+}
+
+QVariant GalleryItem::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (change == ItemVisibleHasChanged || change == ItemSceneHasChanged)
+        updateBeat();
+    return NARV::GraphicsObject::itemChange(change, value);
+}
+
+bool GalleryItem::isAtRunTime() const
+{
+    return !widgetActionManager().isInsideProjectEditor();
+}
+
+int GalleryItem::beatPeriod()
+{
+    return 0;
+}
+
+void GalleryItem::beat()
+{
+    update();
+}
+
+void GalleryItem::updateBeat()
+{
+    const bool isSeen = m_isInitialised && isVisible() && scene();
+    const int period = isSeen && isAtRunTime() ? beatPeriod() : 0;
+    if (period == m_period)
+        return;
+    m_period = period;
+    m_beats = 0;
+    m_beat.stop();
+    if (period > 0)
+        m_beat.start(period, this);
+}
+
+void GalleryItem::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_beat.timerId())
+        return NARV::GraphicsObject::timerEvent(event);
+    ++m_beats;
+    beat();
 }
 
 bool GalleryItem::flag(const char *fieldId)

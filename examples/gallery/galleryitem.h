@@ -2,6 +2,7 @@
 
 #include <NARV/GraphicsObject>
 
+#include <QBasicTimer>
 #include <QColor>
 #include <QFont>
 #include <QMap>
@@ -22,7 +23,23 @@ protected:
     //! restored afterwards.
     virtual void draw(QPainter &painter, const QRectF &area) = 0;
 
+    void initEvent(NARV::InitEvent *event) override;
+    void deinitEvent(NARV::DeinitEvent *event) override;
     void fieldIsChangedEvent(NARV::FieldIsChangedEvent *event) override;
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+    void timerEvent(QTimerEvent *event) override;
+
+    //! Not in the project editor, where the item belongs to the designer.
+    bool isAtRunTime() const;
+    //! The time from one beat() to the next in milliseconds; 0 for none, as here. Beats come at run
+    //! time, between initialisation and its end, while the item is on a scene and visible.
+    virtual int beatPeriod();
+    //! Here: draws the item anew.
+    virtual void beat();
+    //! The beats since they started; 0 when there are none.
+    int beats() const { return m_beats; }
+    //! To be called when what beatPeriod() tells may have changed other than by a field.
+    void updateBeat();
 
     bool flag(const char *fieldId);
     int integer(const char *fieldId);
@@ -47,4 +64,9 @@ protected:
 
 private:
     QVariant value(const char *fieldId) { return getFieldValue(QLatin1String(fieldId)); }
+
+    bool m_isInitialised = false;
+    QBasicTimer m_beat;
+    int m_period = 0;
+    int m_beats = 0;
 };

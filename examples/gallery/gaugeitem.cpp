@@ -147,5 +147,5 @@ void GaugeItem::drawValue(QPainter &painter, const Dial &dial)
     box.setTop(dial.center().y() + dial.radius() * 0.56);
     box.setHeight(dial.radius() * 0.3);
     drawFittedText(painter, box, Qt::AlignCenter, valueText(), font("valueFont"),
-                   stateColor(color("valueColor")));
+                   legible(stateColor(color("valueColor")), color("faceColor")));
 }

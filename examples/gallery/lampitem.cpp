@@ -4,6 +4,9 @@
 
 #include <QPainter>
 
+static constexpr int shortestPeriod = 100; // of blinking, in milliseconds
+static constexpr int darkness = 260;       // of a lamp while it blinks, in percent
+
 enum Shape
 {
     Round,
@@ -29,6 +32,22 @@ QColor LampItem::stateColor()
     return color.isValid() ? color : this->color("unknownColor");
 }
 
+bool LampItem::isBlinking()
+{
+    return flag("blink") && integer("state") == integer("blinkState");
+}
+
+int LampItem::beatPeriod()
+{
+    return isBlinking() ? qMax(shortestPeriod, integer("blinkPeriod")) / 2 : 0;
+}
+
+QColor LampItem::shownColor()
+{
+    const bool isDark = beats() % 2 == 1;
+    return isDark ? stateColor().darker(darkness) : stateColor();
+}
+
 void LampItem::draw(QPainter &painter, const QRectF &area)
 {
     const bool textIsInside = integer("textPosition") == Inside;
@@ -45,15 +64,32 @@ QRectF LampItem::drawText(QPainter &painter, const QRectF &area)
     const int position = integer("textPosition");
     QRectF rest = area;
     QRectF place = area;
+    if (position == Below && lineHeight(textFont) > area.height() / 2)
+        return area;
     if (position == Below)
         place = takeBottom(rest, lineHeight(textFont));
     else if (position == Right)
         place = takeRight(rest, rest.width() - qMin(rest.width(), rest.height()))
                     .adjusted(lineHeight(textFont) / 3, 0, 0, 0);
-    drawFittedText(painter, place,
-                   position == Right ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter,
-                   textMap("stateTexts").value(integer("state")), textFont, color("textColor"));
+    drawFittedText(
+        painter, place, position == Right ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter,
+        textMap("stateTexts").value(integer("state")), textFont,
+        position == Inside ? legible(color("textColor"), shownColor()) : color("textColor"));
     return rest;
+}
+
+//! Light from above.
+static void drawGloss(QPainter &painter, const QRectF &body, qreal radius)
+{
+    if (body.isEmpty())
+        return;
+    QLinearGradient gloss(body.topLeft(), body.bottomLeft());
+    gloss.setColorAt(0, QColor(255, 255, 255, 80));
+    gloss.setColorAt(0.5, QColor(255, 255, 255, 0));
+    gloss.setColorAt(1, QColor(0, 0, 0, 40));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(gloss);
+    painter.drawRoundedRect(body, radius, radius);
 }
 
 void LampItem::drawLamp(QPainter &painter, const QRectF &area)
@@ -67,5 +103,6 @@ void LampItem::drawLamp(QPainter &painter, const QRectF &area)
     }
     const qreal frame = qMax(1.0, body.height() * 0.04);
     const qreal radius = shape == Round ? body.height() / 2 : body.height() * 0.08;
-    drawPlate(painter, body, {stateColor(), color("frameColor"), frame, radius});
+    drawPlate(painter, body, {shownColor(), color("frameColor"), frame, radius});
+    drawGloss(painter, body.adjusted(frame, frame, -frame, -frame), radius - frame);
 }

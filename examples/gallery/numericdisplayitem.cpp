@@ -23,5 +23,5 @@ void NumericDisplayItem::draw(QPainter &painter, const QRectF &area)
     const QRectF inside = drawBox(painter, area).adjusted(padding, 0, -padding, 0);
     drawFittedText(painter, inside, horizontalAlignment() | Qt::AlignVCenter,
                    withUnit(numberText(number("value"), style), text("unit")), font("valueFont"),
-                   stateColor(color("normalColor")));
+                   legible(stateColor(color("normalColor")), color("backgroundColor")));
 }

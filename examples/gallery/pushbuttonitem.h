@@ -2,7 +2,9 @@
 
 #include "controlitem.h"
 
-//! Draws a button with its caption and its image, in the active colour while its bit is set.
+#include <QTimer>
+
+//! Draws a button with a caption and an image, and writes its bit.
 class PushButtonItem : public ControlItem
 {
     Q_OBJECT
@@ -12,8 +14,27 @@ public:
 
 protected:
     void drawControl(QPainter &painter, const QRectF &area) override;
+    ControlColors colors() override;
+    QVector<QRectF> controlParts() override;
+    void controlPressed(int part) override;
+    void controlReleased(int part, bool isOver) override;
+    bool controlKey(QKeyEvent *event) override;
+    void controlLocked() override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    //! Cuts the image's place off area and draws the image there; what remains is the caption's.
+    bool isMomentary();
+    void write(bool value);
+    //! Sets the bit for the hold time at least, until endHold() is called.
+    void startHold();
+    void endHold();
+    //! Does what the mode says, for a button that is not held down.
+    void execute();
+    //! Draws the image and returns what it leaves of area to the caption.
     QRectF drawImage(QPainter &painter, const QRectF &area);
+
+    QTimer m_hold; //!< runs until the bit has been set long enough
+    bool m_isHeld = false;
+    bool m_isSet = false; //!< by this button, which has to clear it
 };

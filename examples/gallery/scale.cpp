@@ -11,10 +11,15 @@ Scale::Scale(double minimum, double maximum)
 {
 }
 
+double Scale::position(double value) const
+{
+    const double position = (value - m_minimum) / (m_maximum - m_minimum);
+    return std::isnan(position) ? 0 : position;
+}
+
 double Scale::fraction(double value) const
 {
-    const double fraction = (value - m_minimum) / (m_maximum - m_minimum);
-    return fraction > 0 ? qMin(fraction, 1.0) : 0; // also if it is not a number
+    return qBound(0.0, position(value), 1.0);
 }
 
 QVector<Scale::Tick> Scale::ticks(int divisions, int subdivisions) const
@@ -31,4 +36,30 @@ QVector<Scale::Tick> Scale::ticks(int divisions, int subdivisions) const
         ticks.append({isZero ? 0 : value, fraction, i % minor == 0});
     }
     return ticks;
+}
+
+static RoundScale stepped(double lowest, double highest, double step)
+{
+    const double first = std::floor(lowest / step);
+    const double last = std::ceil(highest / step);
+    return {first * step, last * step, int(last - first), step};
+}
+
+RoundScale RoundScale::around(double lowest, double highest, int divisions)
+{
+    const double range = highest - lowest;
+    if (!std::isfinite(range))
+        return {0, 1, 1, 1};
+    const double size = qMax(std::abs(lowest), std::abs(highest));
+    if (range <= size * roundingError) // a constant, in the middle
+        return around(lowest - 1 - size / 10, highest + 1 + size / 10, divisions);
+    const int most = qBound(1, divisions, mostDivisions);
+    const double power = std::pow(10, std::floor(std::log10(range / most)));
+    RoundScale found{};
+    for (double factor : {1, 2, 5, 10, 20, 50, 100}) {
+        found = stepped(lowest, highest, factor * power);
+        if (found.divisions <= most)
+            break;
+    }
+    return found;
 }

@@ -18,6 +18,8 @@ public:
 
     double lowest() const { return qMin(m_minimum, m_maximum); }
     double highest() const { return qMax(m_minimum, m_maximum); }
+    //! 0 at the minimum, 1 at the maximum, less and more beyond; 0 for what has no place.
+    double position(double value) const;
     //! 0 at the minimum, 1 at the maximum; values beyond an end are at that end.
     double fraction(double value) const;
     //! The ticks from start to end: divisions with a label, each of so many subdivisions.
@@ -26,4 +28,16 @@ public:
 private:
     double m_minimum;
     double m_maximum;
+};
+
+//! A scale with round values at all its ticks.
+struct RoundScale
+{
+    double minimum;
+    double maximum;
+    int divisions;
+    double step;
+
+    //! The shortest around two values, of at most so many divisions (two if zero lies inside).
+    static RoundScale around(double lowest, double highest, int mostDivisions);
 };

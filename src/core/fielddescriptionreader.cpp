@@ -11,12 +11,8 @@
 
 namespace NARV::INTERNAL {
 
-using Key = QLatin1String;
+using Key = MetaDataKey;
 using Library = WidgetLibraryPluginMetaInformation;
-
-static const Key defaultValueKey("defaultValue");
-static const Key optionsKey("options");
-static const Key tagCanBeAttachedKey("tagCanBeAttached");
 
 template<typename Number>
 static Number number(const QJsonValue &value);
@@ -68,29 +64,26 @@ Library::FieldMetaInformation FieldDescriptionReader::infoFromMetaDataParseField
 {
     readId();
     readType();
-    m_in.requiredText(Key("display"), MetaDataError::FieldDisplayMissing,
+    m_in.requiredText(Key::Display, MetaDataError::FieldDisplayMissing,
                       MetaDataError::FieldDisplayInvalid, m_field.display, ObjectReader::AsWritten);
-    m_in.text(Key("description"), MetaDataError::FieldDescriptionInvalid, m_field.description,
+    m_in.text(Key::Description, MetaDataError::FieldDescriptionInvalid, m_field.description,
               ObjectReader::AsWritten);
     readTagCanBeAttached();
     infoFromMetaDataParseStringFieldIsMultiLanguage();
     readDefaultValue();
-    m_in.flag(Key("readOnly"), MetaDataError::FieldReadOnlyInvalid, m_field.readOnly);
-    m_in.text(Key("group"), MetaDataError::FieldGroupInvalid, m_field.group,
-              ObjectReader::AsWritten);
-    m_in.flag(Key("private"), MetaDataError::FieldPrivateInvalid, m_field.isPrivate);
+    m_in.flag(Key::ReadOnly, MetaDataError::FieldReadOnlyInvalid, m_field.readOnly);
+    m_in.text(Key::Group, MetaDataError::FieldGroupInvalid, m_field.group, ObjectReader::AsWritten);
+    m_in.flag(Key::Private, MetaDataError::FieldPrivateInvalid, m_field.isPrivate);
     readRequirements();
     readRest();
 
-    FieldMetaInformation field;
     m_field.isValid = true;
-    field.d = m_data;
-    return field;
+    return FieldMetaInformation(m_data);
 }
 
 void FieldDescriptionReader::readId()
 {
-    m_in.required(Key("id"), MetaDataError::FieldIdMissing, MetaDataError::FieldIdInvalid,
+    m_in.required(Key::Id, MetaDataError::FieldIdMissing, MetaDataError::FieldIdInvalid,
                   [&](const QJsonValue &value) {
                       m_field.id = value.toString();
                       return isIdentifier(m_field.id);
@@ -99,7 +92,7 @@ void FieldDescriptionReader::readId()
 
 void FieldDescriptionReader::readType()
 {
-    m_in.required(Key("type"), MetaDataError::FieldTypeMissing, MetaDataError::FieldTypeInvalid,
+    m_in.required(Key::Type, MetaDataError::FieldTypeMissing, MetaDataError::FieldTypeInvalid,
                   [&](const QJsonValue &value) {
                       m_field.type = Library::fieldTypeFromString(value.toString());
                       return m_field.type != FieldType::Undefined;
@@ -115,16 +108,17 @@ QString FieldDescriptionReader::refusal(const char *text) const
 // A tag field always takes a tag, a trend field never does.
 void FieldDescriptionReader::readTagCanBeAttached()
 {
-    if (m_field.type == FieldType::Trend && m_in.contains(tagCanBeAttachedKey)) {
-        m_in.fail(MetaDataError::FieldTagCanBeAttachedInvalid, tagCanBeAttachedKey,
+    if (m_field.type == FieldType::Trend && m_in.contains(Key::TagCanBeAttached)) {
+        m_in.fail(MetaDataError::FieldTagCanBeAttachedInvalid, Key::TagCanBeAttached,
                   refusal("tagCanBeAttached for trend field"));
         return;
     }
     m_field.tagCanBeAttached = m_field.type == FieldType::Tag;
-    const bool isGiven = m_in.flag(tagCanBeAttachedKey, MetaDataError::FieldTagCanBeAttachedInvalid,
-                                   m_field.tagCanBeAttached);
+    const bool isGiven =
+        m_in.flag(Key::TagCanBeAttached, MetaDataError::FieldTagCanBeAttachedInvalid,
+                  m_field.tagCanBeAttached);
     if (isGiven && m_field.type == FieldType::Tag && !m_field.tagCanBeAttached)
-        m_in.fail(MetaDataError::FieldTagCanBeAttachedInvalid, tagCanBeAttachedKey,
+        m_in.fail(MetaDataError::FieldTagCanBeAttachedInvalid, Key::TagCanBeAttached,
                   refusal("tagCanBeAttached as 'false' for tag field"));
 }
 
@@ -136,11 +130,10 @@ bool FieldDescriptionReader::isText() const
 
 void FieldDescriptionReader::infoFromMetaDataParseStringFieldIsMultiLanguage()
 {
-    static const Key key("multiLanguage");
-    if (!isText() || !m_in.contains(key))
+    if (!isText() || !m_in.contains(Key::MultiLanguage))
         return;
-    m_hasDefaultValueRules =
-        m_in.flag(key, MetaDataError::FieldMultiLanguageInvalid, m_field.isMultiLanguage);
+    m_hasDefaultValueRules = m_in.flag(Key::MultiLanguage, MetaDataError::FieldMultiLanguageInvalid,
+                                       m_field.isMultiLanguage);
 }
 
 //! The value of a field whose description gives none.
@@ -178,7 +171,7 @@ void FieldDescriptionReader::readDefaultValue()
         return;
     const DefaultValueReader read = typeRules(m_field.type).readDefaultValue;
     const bool isGiven = m_in.optional(
-        defaultValueKey, MetaDataError::FieldDefaultValueInvalid, [&](const QJsonValue &value) {
+        Key::DefaultValue, MetaDataError::FieldDefaultValueInvalid, [&](const QJsonValue &value) {
             if (read) {
                 m_defaultValueIsReported = !(this->*read)(value);
                 return !m_defaultValueIsReported;
@@ -186,7 +179,7 @@ void FieldDescriptionReader::readDefaultValue()
             // Of the types that take no default value, two say so.
             if (m_field.type == FieldType::Image)
                 return false;
-            m_in.fail(MetaDataError::FieldDefaultValueInvalid, defaultValueKey,
+            m_in.fail(MetaDataError::FieldDefaultValueInvalid, Key::DefaultValue,
                       refusal(m_field.type == FieldType::Tag ? "defaultValue for tag field"
                                                              : "defaultValue for trend field"));
             return true;
@@ -246,7 +239,7 @@ template<typename Text>
 bool FieldDescriptionReader::readTextList(const QJsonValue &value)
 {
     QList<Text> texts;
-    m_in.takeElements(defaultValueKey, value.toArray(), MetaDataError::FieldDefaultValueInvalid,
+    m_in.takeElements(Key::DefaultValue, value.toArray(), MetaDataError::FieldDefaultValueInvalid,
                       [&](const QJsonValue &element, int) {
                           Text text;
                           const bool ok = readText(element, text);
@@ -261,12 +254,12 @@ template<typename Text>
 bool FieldDescriptionReader::readTextMap(const QJsonValue &value)
 {
     QMap<int, Text> texts;
-    m_in.takeElements(defaultValueKey, value.toArray(), MetaDataError::FieldDefaultValueInvalid,
+    m_in.takeElements(Key::DefaultValue, value.toArray(), MetaDataError::FieldDefaultValueInvalid,
                       [&](const QJsonValue &element, int) {
                           const QJsonObject entry = element.toObject();
-                          const QJsonValue id = entry.value(Key("id"));
+                          const QJsonValue id = entry.value(QLatin1String("id"));
                           return id.isDouble() &&
-                                 readText(entry.value(Key("value")), texts[toInt(id)]);
+                                 readText(entry.value(QLatin1String("value")), texts[toInt(id)]);
                       });
     m_field.defaultValue = QVariant::fromValue(texts);
     return value.isArray();
@@ -317,7 +310,7 @@ void FieldDescriptionReader::readRequirements()
             m_requirementsFieldIds.append(term.fieldId.toString());
         return ok;
     };
-    m_in.optional(Key("requirements"), MetaDataError::FieldRequirementsInvalid, take);
+    m_in.optional(Key::Requirements, MetaDataError::FieldRequirementsInvalid, take);
 }
 
 void FieldDescriptionReader::readRest()
@@ -328,35 +321,42 @@ void FieldDescriptionReader::readRest()
         readFontLabels();
 }
 
+FontInformationData &FieldDescriptionReader::fontInformation()
+{
+    if (!m_field.font)
+        m_field.font = new FontInformationData;
+    return *m_field.font;
+}
+
 void FieldDescriptionReader::infoFromMetaDataParseStringFieldCommon()
 {
     if (!m_field.isMultiLanguage)
         return;
-    m_field.defaultFont = WidgetLibraryPluginUtils::defaultFont();
-    m_field.defaultFontSpecified = m_in.optional(
-        Key("defaultFont"), MetaDataError::FieldDefaultFontInvalid, [&](const QJsonValue &value) {
+    FontInformationData &font = fontInformation();
+    font.defaultFont = WidgetLibraryPluginUtils::defaultFont();
+    font.defaultFontSpecified = m_in.optional(
+        Key::DefaultFont, MetaDataError::FieldDefaultFontInvalid, [&](const QJsonValue &value) {
             return value.isObject() && WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(
-                                           value.toObject(), m_field.defaultFont);
+                                           value.toObject(), font.defaultFont);
         });
 }
 
 template<typename Number>
 void FieldDescriptionReader::readBounds()
 {
-    static const Key minimumKey("minimum");
     const auto takeNumber = [](QVariant &bound) {
         return [&bound](const QJsonValue &value) {
             bound = number<Number>(value);
             return value.isDouble();
         };
     };
-    const bool hasMinimum =
-        m_in.optional(minimumKey, MetaDataError::FieldMinimumInvalid, takeNumber(m_field.minimum));
-    const bool hasMaximum = m_in.optional(Key("maximum"), MetaDataError::FieldMaximumInvalid,
+    const bool hasMinimum = m_in.optional(Key::Minimum, MetaDataError::FieldMinimumInvalid,
+                                          takeNumber(m_field.minimum));
+    const bool hasMaximum = m_in.optional(Key::Maximum, MetaDataError::FieldMaximumInvalid,
                                           takeNumber(m_field.maximum));
     const bool isInOrder = m_field.minimum.value<Number>() <= m_field.maximum.value<Number>();
     if (hasMinimum && hasMaximum && !isInOrder)
-        m_in.fail(MetaDataError::FieldMinimumInvalid, minimumKey);
+        m_in.fail(MetaDataError::FieldMinimumInvalid, Key::Minimum);
 }
 
 // The text of an option may be any text.
@@ -364,15 +364,15 @@ void FieldDescriptionReader::readOptions()
 {
     const auto takeOption = [&](const QJsonValue &value, int) {
         const QJsonObject option = value.toObject();
-        const QJsonValue index = option.value(Key("index"));
-        const QJsonValue text = option.value(Key("option"));
+        const QJsonValue index = option.value(QLatin1String("index"));
+        const QJsonValue text = option.value(QLatin1String("option"));
         m_field.options.append({toInt(index), text.toString()});
         return index.isDouble() && text.isString();
     };
-    m_in.required(optionsKey, MetaDataError::FieldOptionsInvalid,
+    m_in.required(Key::Options, MetaDataError::FieldOptionsInvalid,
                   MetaDataError::FieldOptionsInvalid, [&](const QJsonValue &value) {
                       return !value.toArray().isEmpty() &&
-                             m_in.takeElements(optionsKey, value.toArray(),
+                             m_in.takeElements(Key::Options, value.toArray(),
                                                MetaDataError::FieldOptionsInvalid, takeOption);
                   });
     const int defaultIndex = m_field.defaultValue.toInt();
@@ -380,42 +380,43 @@ void FieldDescriptionReader::readOptions()
         m_field.options.cbegin(), m_field.options.cend(),
         [=](const QPair<int, QString> &option) { return option.first == defaultIndex; });
     if (!m_field.options.isEmpty() && !isOption && !m_defaultValueIsReported)
-        m_in.fail(MetaDataError::FieldDefaultValueInvalid, defaultValueKey);
+        m_in.fail(MetaDataError::FieldDefaultValueInvalid, Key::DefaultValue);
 }
 
 void FieldDescriptionReader::readTagRules()
 {
-    m_in.elements(Key("tagAcceptedTypes"), MetaDataError::FieldTagAcceptedTypesInvalid,
+    m_in.elements(Key::TagAcceptedTypes, MetaDataError::FieldTagAcceptedTypesInvalid,
                   [&](const QJsonValue &value, int) {
                       return value.isString() && addAcceptedType(value.toString());
                   });
-    m_in.flag(Key("tagOnDemand"), MetaDataError::FieldTagOnDemandInvalid, m_field.tagOnDemand);
+    m_in.flag(Key::TagOnDemand, MetaDataError::FieldTagOnDemandInvalid, m_field.tagOnDemand);
 }
 
 //! Adds the tag type of that name, or all types of the group of that name.
 bool FieldDescriptionReader::addAcceptedType(const QString &name)
 {
     using T = Library::TagType;
+    using Name = QLatin1String;
     struct Group
     {
-        Key name;
+        Name name;
         QVector<Library::TagType> types;
     };
     static const Group groups[] = {
-        {Key("numeric"),
+        {Name("numeric"),
          {T::Byte, T::Short, T::Int, T::UByte, T::UShort, T::UInt, T::UInt64, T::Int64, T::Float,
           T::Double}},
-        {Key("signednumeric"), {T::Byte, T::Short, T::Int, T::Int64, T::Float, T::Double}},
-        {Key("unsignednumeric"), {T::UByte, T::UShort, T::UInt, T::UInt64}},
-        {Key("real"), {T::Float, T::Double}},
-        {Key("arraynumeric"),
+        {Name("signednumeric"), {T::Byte, T::Short, T::Int, T::Int64, T::Float, T::Double}},
+        {Name("unsignednumeric"), {T::UByte, T::UShort, T::UInt, T::UInt64}},
+        {Name("real"), {T::Float, T::Double}},
+        {Name("arraynumeric"),
          {T::ArrayByte, T::ArrayShort, T::ArrayInt, T::ArrayUByte, T::ArrayUShort, T::ArrayUInt,
           T::ArrayUInt64, T::ArrayInt64, T::ArrayFloat, T::ArrayDouble}},
-        {Key("arraysignednumeric"),
+        {Name("arraysignednumeric"),
          {T::ArrayByte, T::ArrayShort, T::ArrayInt, T::ArrayInt64, T::ArrayFloat, T::ArrayDouble}},
-        {Key("arrayunsignednumeric"),
+        {Name("arrayunsignednumeric"),
          {T::ArrayUByte, T::ArrayUShort, T::ArrayUInt, T::ArrayUInt64}},
-        {Key("arrayreal"), {T::ArrayFloat, T::ArrayDouble}},
+        {Name("arrayreal"), {T::ArrayFloat, T::ArrayDouble}},
     };
     if (const Library::TagType type = Library::tagTypeFromString(name)) {
         m_field.tagAcceptedTypes.append(type);
@@ -432,6 +433,7 @@ bool FieldDescriptionReader::addAcceptedType(const QString &name)
 
 void FieldDescriptionReader::readFontLabels()
 {
+    FontInformationData &font = fontInformation();
     const struct
     {
         Key key;
@@ -439,16 +441,16 @@ void FieldDescriptionReader::readFontLabels()
         int invalid;
         TranslationStringType &label;
     } labels[] = {
-        {Key("displayFontFamily"), MetaDataError::FieldDisplayFontFamilyMissing,
-         MetaDataError::FieldDisplayFontFamilyInvalid, m_field.displayFontFamily},
-        {Key("displayFontSize"), MetaDataError::FieldDisplayFontSizeMissing,
-         MetaDataError::FieldDisplayFontSizeInvalid, m_field.displayFontSize},
-        {Key("displayFontBold"), MetaDataError::FieldDisplayFontBoldMissing,
-         MetaDataError::FieldDisplayFontBoldInvalid, m_field.displayFontBold},
-        {Key("displayFontStyle"), MetaDataError::FieldDisplayFontStyleMissing,
-         MetaDataError::FieldDisplayFontStyleInvalid, m_field.displayFontStyle},
-        {Key("displayFontUnderline"), MetaDataError::FieldDisplayFontUnderlineMissing,
-         MetaDataError::FieldDisplayFontUnderlineInvalid, m_field.displayFontUnderline},
+        {Key::DisplayFontFamily, MetaDataError::FieldDisplayFontFamilyMissing,
+         MetaDataError::FieldDisplayFontFamilyInvalid, font.displayFontFamily},
+        {Key::DisplayFontSize, MetaDataError::FieldDisplayFontSizeMissing,
+         MetaDataError::FieldDisplayFontSizeInvalid, font.displayFontSize},
+        {Key::DisplayFontBold, MetaDataError::FieldDisplayFontBoldMissing,
+         MetaDataError::FieldDisplayFontBoldInvalid, font.displayFontBold},
+        {Key::DisplayFontStyle, MetaDataError::FieldDisplayFontStyleMissing,
+         MetaDataError::FieldDisplayFontStyleInvalid, font.displayFontStyle},
+        {Key::DisplayFontUnderline, MetaDataError::FieldDisplayFontUnderlineMissing,
+         MetaDataError::FieldDisplayFontUnderlineInvalid, font.displayFontUnderline},
     };
     for (const auto &row : labels)
         m_in.requiredText(row.key, row.missing, row.invalid, row.label, ObjectReader::AsWritten);

@@ -65,6 +65,7 @@ private:
     bool addAcceptedType(const QString &name);
 
     bool isText() const;
+    FontInformationData &fontInformation();
     QString refusal(const char *text) const;
 
     ObjectReader m_in;

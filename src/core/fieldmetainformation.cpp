@@ -12,6 +12,12 @@ static const QSharedDataPointer<FieldMetaInformationData> &invalidData()
     return data;
 }
 
+static const FontInformationData &fontOf(const FieldMetaInformationData &field)
+{
+    static const FontInformationData none;
+    return field.font ? *field.font : none;
+}
+
 FieldMetaInformation::FieldMetaInformation()
     : d(invalidData())
 {
@@ -37,6 +43,11 @@ FieldMetaInformation::FieldMetaInformation(const QString &id, const TranslationS
     d->isPrivate = isPrivate;
     d->requirements = requirements;
     d->isMultiLanguage = isMultiLanguage;
+}
+
+FieldMetaInformation::FieldMetaInformation(const QSharedDataPointer<FieldMetaInformationData> &data)
+    : d(data)
+{
 }
 
 FieldMetaInformation::FieldMetaInformation(const FieldMetaInformation &other) = default;
@@ -113,12 +124,12 @@ const QVariant &FieldMetaInformation::maximum() const
 
 const QFont &FieldMetaInformation::defaultFont() const
 {
-    return d->defaultFont;
+    return fontOf(*d).defaultFont;
 }
 
 bool FieldMetaInformation::defaultFontSpecified() const
 {
-    return d->defaultFontSpecified;
+    return fontOf(*d).defaultFontSpecified;
 }
 
 bool FieldMetaInformation::isMultiLanguage() const
@@ -133,27 +144,27 @@ const QList<QPair<int, QString>> &FieldMetaInformation::options() const
 
 const TranslationStringType &FieldMetaInformation::displayFontFamily() const
 {
-    return d->displayFontFamily;
+    return fontOf(*d).displayFontFamily;
 }
 
 const TranslationStringType &FieldMetaInformation::displayFontSize() const
 {
-    return d->displayFontSize;
+    return fontOf(*d).displayFontSize;
 }
 
 const TranslationStringType &FieldMetaInformation::displayFontBold() const
 {
-    return d->displayFontBold;
+    return fontOf(*d).displayFontBold;
 }
 
 const TranslationStringType &FieldMetaInformation::displayFontStyle() const
 {
-    return d->displayFontStyle;
+    return fontOf(*d).displayFontStyle;
 }
 
 const TranslationStringType &FieldMetaInformation::displayFontUnderline() const
 {
-    return d->displayFontUnderline;
+    return fontOf(*d).displayFontUnderline;
 }
 
 const QVector<Library::TagType> &FieldMetaInformation::tagAcceptedTypes() const
@@ -171,6 +182,22 @@ bool FieldMetaInformation::isMultiLanguageText() const
     const bool isText = d->type == FieldType::String || d->type == FieldType::StringList ||
                         d->type == FieldType::StringMap;
     return isText && d->isMultiLanguage;
+}
+
+QList<TranslationStringType> FieldMetaInformation::defaultTexts() const
+{
+    if (!d->isMultiLanguage)
+        return {};
+    switch (d->type) {
+    case FieldType::String:
+        return {d->defaultValue.value<TranslationStringType>()};
+    case FieldType::StringList:
+        return d->defaultValue.value<QList<TranslationStringType>>();
+    case FieldType::StringMap:
+        return d->defaultValue.value<QMap<int, TranslationStringType>>().values();
+    default:
+        return {};
+    }
 }
 
 bool FieldMetaInformation::hasFontLabels() const

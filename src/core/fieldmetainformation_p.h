@@ -6,6 +6,21 @@
 
 namespace NARV::INTERNAL {
 
+//! What only fonts and texts in several languages have.
+class FontInformationData : public QSharedData
+{
+public:
+    using TranslationStringType = PluginMetaInformation::TranslationStringType;
+
+    QFont defaultFont;
+    bool defaultFontSpecified = false;
+    TranslationStringType displayFontFamily;
+    TranslationStringType displayFontSize;
+    TranslationStringType displayFontBold;
+    TranslationStringType displayFontStyle;
+    TranslationStringType displayFontUnderline;
+};
+
 class FieldMetaInformationData : public QSharedData
 {
 public:
@@ -13,37 +28,23 @@ public:
     using TranslationStringType = PluginMetaInformation::TranslationStringType;
 
     bool isValid = false;
+    bool tagCanBeAttached = false;
+    bool readOnly = false;
+    bool isPrivate = false;
+    bool isMultiLanguage = false;
+    bool tagOnDemand = false;
+    Library::FieldType type;
     QString id;
     TranslationStringType display;
     TranslationStringType description;
-    Library::FieldType type;
-    bool tagCanBeAttached = false;
-    QVariant defaultValue;
-    bool readOnly = false;
     TranslationStringType group;
-    bool isPrivate = false;
+    QVariant defaultValue;
     QString requirements;
     QVariant minimum;
     QVariant maximum;
-    QFont defaultFont = toolkitFont();
-    bool defaultFontSpecified = false;
-    bool isMultiLanguage = false;
     QList<QPair<int, QString>> options;
-    TranslationStringType displayFontFamily;
-    TranslationStringType displayFontSize;
-    TranslationStringType displayFontBold;
-    TranslationStringType displayFontStyle;
-    TranslationStringType displayFontUnderline;
     QVector<Library::TagType> tagAcceptedTypes;
-    bool tagOnDemand = false;
-
-private:
-    //! Making a font takes a lock of the toolkit's; copying one does not.
-    static const QFont &toolkitFont()
-    {
-        static const QFont font;
-        return font;
-    }
+    QSharedDataPointer<FontInformationData> font; //!< null for most fields
 };
 
 } // namespace NARV::INTERNAL

@@ -10,7 +10,7 @@ QString JsonPath::toString() const
     for (const JsonPath *step = this; step; step = step->parent) {
         const QString suffix =
             step->index < 0 ? QString() : QStringLiteral("[%1]").arg(step->index);
-        steps.prepend(step->key + suffix);
+        steps.prepend(keyName(step->key).toString() + suffix);
     }
     return steps.join(QLatin1Char('.'));
 }

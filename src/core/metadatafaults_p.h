@@ -1,9 +1,10 @@
 #pragma once
 
+#include "core/metadatakeys_p.h"
+
 #include <NARV/INTERNAL/MetaDataChecker>
 
 #include <QDebug>
-#include <QLatin1String>
 
 namespace NARV::INTERNAL {
 
@@ -12,7 +13,7 @@ namespace NARV::INTERNAL {
 struct JsonPath
 {
     const JsonPath *parent = nullptr;
-    QLatin1String key;
+    MetaDataKey key;
     int index = -1; //!< of an element of the array under key; -1 for the value itself
 
     //! Such as "MetaData.widgets[3].fields[1].minimum".

@@ -6,25 +6,18 @@ namespace NARV::INTERNAL {
 
 ObjectReader::ObjectReader(const QJsonObject &object, const JsonPath &path,
                            DescriptionContext &context)
-    : m_path(path)
+    : m_object(object)
+    , m_path(path)
     , m_context(context)
 {
-    m_members.reserve(object.size());
-    for (auto it = object.constBegin(); it != object.constEnd(); ++it)
-        m_members.append({it.key(), it.value()});
+    m_positions.fill(-1);
+    const auto end = object.constEnd();
+    int position = 0;
+    for (auto it = object.constBegin(); it != end; ++it)
+        m_positions[size_t(keyFromName(it.key()))] = position++;
 }
 
-const QJsonValue &ObjectReader::value(QLatin1String key) const
-{
-    static const QJsonValue undefined(QJsonValue::Undefined);
-    for (const Member &member : m_members) {
-        if (member.key.size() == key.size() && member.key == key)
-            return member.value;
-    }
-    return undefined;
-}
-
-bool ObjectReader::flag(QLatin1String key, int invalid, bool &out)
+bool ObjectReader::flag(MetaDataKey key, int invalid, bool &out)
 {
     return optional(key, invalid, [&](const QJsonValue &value) {
         out = value.toBool();
@@ -39,13 +32,13 @@ bool ObjectReader::readText(const QJsonValue &value, TranslationStringType &out,
         value, m_context, out, rule != AsWritten, rule == TrimmedNotEmpty);
 }
 
-bool ObjectReader::text(QLatin1String key, int invalid, TranslationStringType &out, TextRule rule)
+bool ObjectReader::text(MetaDataKey key, int invalid, TranslationStringType &out, TextRule rule)
 {
     return optional(key, invalid,
                     [&](const QJsonValue &value) { return readText(value, out, rule); });
 }
 
-bool ObjectReader::requiredText(QLatin1String key, int missing, int invalid,
+bool ObjectReader::requiredText(MetaDataKey key, int missing, int invalid,
                                 TranslationStringType &out, TextRule rule)
 {
     return required(key, missing, invalid,

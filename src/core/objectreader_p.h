@@ -5,11 +5,12 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QVarLengthArray>
+
+#include <array>
 
 namespace NARV::INTERNAL {
 
-//! The texts read last, so that the many fields with the same group or label share one.
+//! The short texts read last, so that the many fields with the same group or label share one.
 class RecentTexts
 {
 public:
@@ -18,19 +19,19 @@ public:
     struct Entry
     {
         QString text;
-        QString comment;
         TranslationStringType value;
-        bool isUsed = false;
     };
 
-    //! Where that text is if it was read lately.
-    Entry &entry(const QString &text)
+    //! Where that text is if it was read lately; null for a text that is not kept.
+    Entry *entry(const QString &text)
     {
-        return m_entries[size_t(text.size() + (text.isEmpty() ? 0 : 7 * text[0].unicode())) %
-                         count];
+        if (text.isEmpty() || text.size() > longest)
+            return nullptr;
+        return &m_entries[size_t(text.size() + 7 * text[0].unicode()) % count];
     }
 
 private:
+    static constexpr int longest = 16;
     static constexpr size_t count = 64;
     Entry m_entries[count];
 };
@@ -42,6 +43,16 @@ struct DescriptionContext
     QString language; //!< in which the metadata's own texts are written
     const TranslationTable &translations;
     RecentTexts recentTexts;
+    QString recentComment;
+
+    //! Many texts have the same comment as the one before.
+    void shareComment(QString &comment)
+    {
+        if (comment == recentComment)
+            comment = recentComment;
+        else if (!comment.isEmpty())
+            recentComment = comment;
+    }
 };
 
 //! Takes typed values out of one JSON object and reports those that are missing or malformed.
@@ -60,38 +71,38 @@ public:
         TrimmedNotEmpty
     };
 
-    //! The path and context have to outlive the reader.
+    //! The object, path and context have to outlive the reader.
     ObjectReader(const QJsonObject &object, const JsonPath &path, DescriptionContext &context);
 
-    bool contains(QLatin1String key) const { return !value(key).isUndefined(); }
+    bool contains(MetaDataKey key) const { return find(key) >= 0; }
 
     //! Hands the value under key, if there is one, to take(value); where that says false, the
     //! value is reported as invalid. True when a value was taken.
     template<typename Take>
-    bool optional(QLatin1String key, int invalid, Take take)
+    bool optional(MetaDataKey key, int invalid, Take take)
     {
-        return takeValue(key, value(key), invalid, take);
+        return takeValue(key, find(key), invalid, take);
     }
 
     //! The same, where a value that is not there is reported as missing.
     template<typename Take>
-    bool required(QLatin1String key, int missing, int invalid, Take take)
+    bool required(MetaDataKey key, int missing, int invalid, Take take)
     {
-        const QJsonValue &found = value(key);
-        if (found.isUndefined())
+        const int found = find(key);
+        if (found < 0)
             fail(missing, key);
         return takeValue(key, found, invalid, take);
     }
 
-    bool flag(QLatin1String key, int invalid, bool &out);
-    bool text(QLatin1String key, int invalid, TranslationStringType &out, TextRule rule);
-    bool requiredText(QLatin1String key, int missing, int invalid, TranslationStringType &out,
+    bool flag(MetaDataKey key, int invalid, bool &out);
+    bool text(MetaDataKey key, int invalid, TranslationStringType &out, TextRule rule);
+    bool requiredText(MetaDataKey key, int missing, int invalid, TranslationStringType &out,
                       TextRule rule);
 
     //! Hands every element of the array under key, if there is one, to take(element, index); where
     //! that says false, the element is reported as invalid, as is a value that is no array.
     template<typename Take>
-    bool elements(QLatin1String key, int invalid, Take take)
+    bool elements(MetaDataKey key, int invalid, Take take)
     {
         return optional(key, invalid, [&](const QJsonValue &value) {
             return value.isArray() && takeElements(key, value.toArray(), invalid, take);
@@ -99,7 +110,7 @@ public:
     }
 
     template<typename Take>
-    bool takeElements(QLatin1String key, const QJsonArray &array, int invalid, Take take)
+    bool takeElements(MetaDataKey key, const QJsonArray &array, int invalid, Take take)
     {
         for (int i = 0; i < array.size() && !stopped(); ++i) {
             if (!take(array.at(i), i))
@@ -111,12 +122,12 @@ public:
     bool readText(const QJsonValue &value, TranslationStringType &out, TextRule rule) const;
 
     bool stopped() const { return m_context.faults.stopped(); }
-    JsonPath path(QLatin1String key, int index = -1) const { return {&m_path, key, index}; }
-    void fail(int code, QLatin1String key, int index = -1)
+    JsonPath path(MetaDataKey key, int index = -1) const { return {&m_path, key, index}; }
+    void fail(int code, MetaDataKey key, int index = -1)
     {
         m_context.faults.add(code, path(key, index));
     }
-    void fail(int code, QLatin1String key, const QString &message)
+    void fail(int code, MetaDataKey key, const QString &message)
     {
         m_context.faults.add(code, path(key), message);
     }
@@ -124,28 +135,22 @@ public:
 
 private:
     template<typename Take>
-    bool takeValue(QLatin1String key, const QJsonValue &found, int invalid, Take take)
+    bool takeValue(MetaDataKey key, int found, int invalid, Take take)
     {
-        if (found.isUndefined() || stopped())
+        if (found < 0 || stopped())
             return false;
-        if (take(found))
+        if (take((m_object.constBegin() + found).value()))
             return true;
         fail(invalid, key);
         return false;
     }
 
-    struct Member
-    {
-        QString key;
-        QJsonValue value;
-    };
+    //! The position of key among the members; -1 if it is not there.
+    int find(MetaDataKey key) const { return m_positions[size_t(key)]; }
 
-    //! The value under key; undefined if there is none.
-    const QJsonValue &value(QLatin1String key) const;
-
-    //! QJsonObject finds a member by comparing keys letter by letter and hands out a new value each
-    //! time; few objects have so many members that looking at the lengths of all takes longer.
-    QVarLengthArray<Member, 16> m_members;
+    //! QJsonObject finds a member by comparing keys letter by letter, each time anew.
+    std::array<int, size_t(MetaDataKey::Unknown) + 1> m_positions;
+    const QJsonObject &m_object;
     const JsonPath &m_path;
     DescriptionContext &m_context;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAtomicInt>
 #include <QList>
 #include <QMap>
 #include <QMetaType>
@@ -63,6 +64,11 @@ public:
     public:
         //! No text, no comment; the fallback language is "en-US".
         TranslationStringType();
+        TranslationStringType(const TranslationStringType &other);
+        TranslationStringType(TranslationStringType &&other) noexcept;
+        TranslationStringType &operator=(const TranslationStringType &other);
+        TranslationStringType &operator=(TranslationStringType &&other) noexcept;
+        ~TranslationStringType() = default;
 
         //! The text in languageCode, also when it is empty. If that language is missing: the text
         //! in the fallback language (null if missing too) when useFallback is set, else empty.
@@ -71,17 +77,14 @@ public:
         void set(const QString &languageCode, const QString &text);
         void setComment(const QString &comment) { m_comment = comment; }
         const QString &comment() const { return m_comment; }
-        //! All texts by language code, in the order of the codes.
-        const QMap<QString, QString> &translations() const { return m_translations; }
+        //! All texts by language code, in the order of the codes. May be asked by several threads.
+        const QMap<QString, QString> &translations() const;
         //! The language codes present, ascending.
-        QList<QString> keys() const { return m_translations.keys(); }
+        QList<QString> keys() const { return translations().keys(); }
         //! True when there is a text for languageCode, an empty one included.
-        bool contains(const QString &languageCode) const
-        {
-            return m_translations.contains(languageCode);
-        }
+        bool contains(const QString &languageCode) const;
         //! True when there is no text in any language; the comment is not considered.
-        bool isEmpty() const { return m_translations.isEmpty(); }
+        bool isEmpty() const { return !m_isSingle && m_translations.isEmpty(); }
         //! Removes all texts and the comment; the fallback language stays.
         void clear();
 
@@ -95,13 +98,19 @@ public:
         friend class TranslationTable;
 
         //! One text, which is also the one to fall back on.
-        TranslationStringType(const QString &languageCode, const QString &text,
-                              const QString &comment);
-        void remove(const QString &languageCode) { m_translations.remove(languageCode); }
+        TranslationStringType(const QString &languageCode, QString text, QString comment);
+        void remove(const QString &languageCode);
+        void toMap();
+        void listSingle() const;
 
-        QMap<QString, QString> m_translations;
+        //! Nearly all texts are in the fallback language alone: those need no map until somebody
+        //! asks for it, which then holds the same once more.
+        QString m_text;
         QString m_comment;
         QString m_fallbackLanguage;
+        mutable QMap<QString, QString> m_translations;
+        mutable QAtomicInt m_isListed; //!< the single text is in the map, too
+        bool m_isSingle = false;
     };
 
     PluginMetaInformation();

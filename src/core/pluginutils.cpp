@@ -12,7 +12,7 @@
 
 namespace NARV::INTERNAL {
 
-using Key = QLatin1String;
+using Key = MetaDataKey;
 
 // In the order of the codes.
 static constexpr const char *errorTexts[] = {
@@ -56,41 +56,48 @@ bool PluginUtils::isValidLanguageCode(const QString &code)
     return true;
 }
 
+static bool readTextAndComment(const QJsonValue &value, QString &text, QString &comment)
+{
+    if (value.isString()) {
+        text = value.toString();
+        return true;
+    }
+    const QJsonArray pair = value.toArray();
+    if (pair.size() != 2)
+        return false;
+    const QJsonValue first = pair.at(0);
+    const QJsonValue second = pair.at(1);
+    text = first.toString();
+    comment = second.toString();
+    return first.isString() && second.isString();
+}
+
 bool PluginUtils::infoFromMetaDataParseTranslatableString(
     const QJsonValue &value, DescriptionContext &context,
     PluginMetaInformation::TranslationStringType &result, bool trim, bool mustNotBeEmpty)
 {
-    result.clear();
     QString text;
     QString comment;
-    if (value.isString()) {
-        text = value.toString();
-    } else if (value.isArray()) {
-        const QJsonArray pair = value.toArray();
-        if (pair.size() != 2 || !pair.at(0).isString() || !pair.at(1).isString())
-            return false;
-        text = pair.at(0).toString();
-        comment = pair.at(1).toString();
-    } else {
-        return false;
-    }
+    const bool isRead = readTextAndComment(value, text, comment);
     if (trim)
         text = std::move(text).trimmed();
-    if (mustNotBeEmpty && text.isEmpty())
+    if (!isRead || (mustNotBeEmpty && text.isEmpty())) {
+        result.clear();
         return false;
-    RecentTexts::Entry &recent = context.recentTexts.entry(text);
-    if (recent.isUsed && recent.text == text && recent.comment == comment) {
-        result = recent.value;
+    }
+    RecentTexts::Entry *recent = comment.isEmpty() ? context.recentTexts.entry(text) : nullptr;
+    if (recent && recent->text == text) {
+        result = recent->value;
         return true;
     }
+    context.shareComment(comment);
     if (const auto *translated = context.translations.find(text, comment))
         result = *translated;
     else
-        result = PluginMetaInformation::TranslationStringType(context.language, text, comment);
-    recent.text = text;
-    recent.comment = comment;
-    recent.value = result;
-    recent.isUsed = true;
+        result = PluginMetaInformation::TranslationStringType(context.language, text,
+                                                              std::move(comment));
+    if (recent)
+        *recent = {text, result};
     return true;
 }
 
@@ -101,21 +108,21 @@ namespace {
 QString readId(ObjectReader &in)
 {
     QString id;
-    const bool isString = in.required(Key("id"), MetaDataError::IdMissing, MetaDataError::IdInvalid,
+    const bool isString = in.required(Key::Id, MetaDataError::IdMissing, MetaDataError::IdInvalid,
                                       [&](const QJsonValue &value) {
                                           id = value.toString();
                                           return value.isString();
                                       });
     if (!isString || isPlainUuidText(id))
         return id;
-    in.fail(MetaDataError::IdInvalid, Key("id"),
+    in.fail(MetaDataError::IdInvalid, Key::Id,
             logText("id", id, "is invalid. Must be a valid UUIDv4"));
     return {};
 }
 
 QString readDefaultLanguage(ObjectReader &in, bool (*isValid)(const QString &))
 {
-    static const Key key("defaultLanguage");
+    static constexpr Key key = Key::DefaultLanguage;
     QString language = defaultLanguageCode();
     in.optional(key, MetaDataError::DefaultLanguageInvalid, [&](const QJsonValue &value) {
         const QString code = value.toString().trimmed();
@@ -141,7 +148,7 @@ QString readString(ObjectReader &in, Key key, int missing, int invalid)
 
 PluginMetaInformation::VersionType readVersion(ObjectReader &in)
 {
-    static const Key key("version");
+    static constexpr Key key = Key::Version;
     PluginMetaInformation::VersionType version;
     in.required(key, MetaDataError::VersionMissing, MetaDataError::VersionInvalid,
                 [&](const QJsonValue &value) {
@@ -158,7 +165,7 @@ PluginMetaInformation::VersionType readVersion(ObjectReader &in)
 
 QStringList PluginUtils::readTranslation(ObjectReader &in)
 {
-    static const Key key("translation");
+    static constexpr Key key = Key::Translation;
     QStringList codes;
     in.elements(key, MetaDataError::TranslationInvalid, [&](const QJsonValue &value, int index) {
         const QString code = value.toString().trimmed();
@@ -186,8 +193,7 @@ void PluginUtils::importTranslations(ObjectReader &in, const QString &id, const 
             QStringLiteral(":/%1/resources/translation/%2.csv").arg(id, codes.at(i));
         if (!QFileInfo::exists(path) || translations.importFile(path, codes.at(i), true))
             continue;
-        in.context().faults.add(MetaDataError::TranslationFileInvalid,
-                                in.path(Key("translation"), i),
+        in.context().faults.add(MetaDataError::TranslationFileInvalid, in.path(Key::Translation, i),
                                 logText("Error reading the translation file", path));
     }
 }
@@ -197,8 +203,8 @@ int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMeta
                                              MetaDataFaults &faults)
 {
     info.clear();
-    const JsonPath path{nullptr, Key("MetaData")};
-    const QJsonValue value = json.value(path.key);
+    const JsonPath path{nullptr, Key::MetaData};
+    const QJsonValue value = json.value(keyName(path.key));
     if (!value.isObject()) {
         faults.add(value.isUndefined() ? MetaDataError::MetaDataMissing
                                        : MetaDataError::MetaDataInvalid,
@@ -207,7 +213,7 @@ int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMeta
     }
     metaData = value.toObject();
 
-    DescriptionContext context{faults, {}, translations, {}};
+    DescriptionContext context{faults, {}, translations, {}, {}};
     ObjectReader in(metaData, path, context);
     const QString id = readId(in);
     faults.setPluginId(id);
@@ -220,15 +226,15 @@ int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMeta
     PluginMetaInformation::TranslationStringType copyright;
     PluginMetaInformation::TranslationStringType description;
     PluginMetaInformation::TranslationStringType license;
-    in.requiredText(Key("name"), MetaDataError::NameMissing, MetaDataError::NameInvalid, name,
+    in.requiredText(Key::Name, MetaDataError::NameMissing, MetaDataError::NameInvalid, name,
                     ObjectReader::AsWritten);
     const QString author =
-        readString(in, Key("author"), MetaDataError::AuthorMissing, MetaDataError::AuthorInvalid);
+        readString(in, Key::Author, MetaDataError::AuthorMissing, MetaDataError::AuthorInvalid);
     const PluginMetaInformation::VersionType version = readVersion(in);
-    in.text(Key("copyright"), MetaDataError::CopyrightInvalid, copyright, ObjectReader::AsWritten);
-    in.text(Key("description"), MetaDataError::DescriptionInvalid, description,
+    in.text(Key::Copyright, MetaDataError::CopyrightInvalid, copyright, ObjectReader::AsWritten);
+    in.text(Key::Description, MetaDataError::DescriptionInvalid, description,
             ObjectReader::AsWritten);
-    in.text(Key("license"), MetaDataError::LicenseInvalid, license, ObjectReader::AsWritten);
+    in.text(Key::License, MetaDataError::LicenseInvalid, license, ObjectReader::AsWritten);
     if (!faults.code())
         info.init(name, id, author, version, copyright, description, license, context.language,
                   languages);

@@ -8,15 +8,16 @@ namespace NARV::INTERNAL {
 
 using VersionType = PluginMetaInformation::VersionType;
 
+static const QLatin1Char dot('.');
 static constexpr unsigned int largestNumberInText = 999999999;
 
 VersionType::VersionType(const QString &text)
 {
-    if (text.count(QLatin1Char('.')) != 2)
+    if (text.count(dot) != 2)
         return;
     unsigned int numbers[3];
     unsigned int *number = numbers;
-    for (const QStringRef &part : text.splitRef(QLatin1Char('.'))) {
+    for (const QStringRef &part : text.splitRef(dot)) {
         bool ok = false;
         *number = part.toUInt(&ok, 10);
         if (!ok || *number > largestNumberInText)
@@ -30,7 +31,8 @@ VersionType::VersionType(unsigned int major, unsigned int minor, unsigned int pa
     : m_major(major)
     , m_minor(minor)
     , m_patch(patch)
-    , m_version(QStringLiteral("%1.%2.%3").arg(major).arg(minor).arg(patch))
+    , m_version(QString::number(major) + dot + QString::number(minor) + dot +
+                QString::number(patch))
 {
 }
 

@@ -7,12 +7,11 @@
 
 namespace NARV::INTERNAL {
 
-using Key = QLatin1String;
+using Key = MetaDataKey;
 using Library = WidgetLibraryPluginMetaInformation;
 using TranslationStringType = PluginMetaInformation::TranslationStringType;
 
 static constexpr QSizeF defaultWidgetSize(100, 100);
-static const Key fieldsKey("fields");
 
 namespace {
 
@@ -44,7 +43,7 @@ private:
 
 const QMap<QString, Library::FieldMetaInformation> &FieldsReader::read()
 {
-    m_in.elements(fieldsKey, MetaDataError::FieldsInvalid,
+    m_in.elements(Key::Fields, MetaDataError::FieldsInvalid,
                   [&](const QJsonValue &value, int index) { return readField(value, index); });
     checkRequirements();
     return m_fields;
@@ -55,7 +54,7 @@ bool FieldsReader::readField(const QJsonValue &value, int index)
     if (!value.isObject())
         return false;
     const QJsonObject object = value.toObject();
-    const JsonPath path = m_in.path(fieldsKey, index);
+    const JsonPath path = m_in.path(Key::Fields, index);
     FieldDescriptionReader reader(object, path, m_in.context());
     const Library::FieldMetaInformation field = reader.infoFromMetaDataParseField();
     if (m_in.stopped())
@@ -63,7 +62,7 @@ bool FieldsReader::readField(const QJsonValue &value, int index)
     const auto next = m_fields.lowerBound(field.id());
     const bool hasId = !field.id().isEmpty(); // otherwise that has been reported
     if (hasId && next != m_fields.end() && next.key() == field.id()) {
-        m_in.context().faults.add(MetaDataError::FieldsInvalid, {&path, Key("id")});
+        m_in.context().faults.add(MetaDataError::FieldsInvalid, {&path, Key::Id});
         return true;
     }
     m_fields.insert(next, field.id(), field);
@@ -84,9 +83,9 @@ void FieldsReader::checkRequirements()
             continue;
         if (exists && Library::fieldTypeCanBeUsedInARequirementsExpression(required->type()))
             continue;
-        const JsonPath field = m_in.path(fieldsKey, requirement.field);
+        const JsonPath field = m_in.path(Key::Fields, requirement.field);
         m_in.context().faults.add(MetaDataError::FieldRequirementsInvalid,
-                                  {&field, Key("requirements")});
+                                  {&field, Key::Requirements});
     }
 }
 
@@ -105,38 +104,38 @@ int WidgetLibraryPluginUtils::infoFromMetaDataParseWidget(const QJsonValue &valu
     ObjectReader in(object, path, context);
 
     QString id;
-    in.required(Key("id"), MetaDataError::WidgetIdMissing, MetaDataError::WidgetIdInvalid,
+    in.required(Key::Id, MetaDataError::WidgetIdMissing, MetaDataError::WidgetIdInvalid,
                 [&](const QJsonValue &text) {
                     id = text.toString();
                     return isIdentifier(id);
                 });
     Library::VersionType version;
-    in.required(Key("version"), MetaDataError::WidgetVersionMissing,
+    in.required(Key::Version, MetaDataError::WidgetVersionMissing,
                 MetaDataError::WidgetVersionInvalid, [&](const QJsonValue &text) {
                     version = Library::VersionType(text.toString());
                     return version.isValid();
                 });
     TranslationStringType display;
     display.set(defaultLanguageCode(), id);
-    in.text(Key("display"), MetaDataError::WidgetDisplayInvalid, display,
+    in.text(Key::Display, MetaDataError::WidgetDisplayInvalid, display,
             ObjectReader::TrimmedNotEmpty);
     TranslationStringType description;
-    in.text(Key("description"), MetaDataError::WidgetDescriptionInvalid, description,
+    in.text(Key::Description, MetaDataError::WidgetDescriptionInvalid, description,
             ObjectReader::Trimmed);
     QSizeF size = defaultWidgetSize;
-    in.optional(Key("defaultSize"), MetaDataError::WidgetDefaultSizeInvalid,
+    in.optional(Key::DefaultSize, MetaDataError::WidgetDefaultSizeInvalid,
                 [&](const QJsonValue &text) { return convertStringTo(text.toString(), size); });
     TranslationStringType group;
-    in.text(Key("galleryGroupName"), MetaDataError::WidgetGalleryGroupNameInvalid, group,
+    in.text(Key::GalleryGroupName, MetaDataError::WidgetGalleryGroupNameInvalid, group,
             ObjectReader::TrimmedNotEmpty);
     bool showInPageGallery = true;
     bool showInProjectGallery = false;
     bool receiveAlarmsEvents = false;
-    in.flag(Key("showInPageGallery"), MetaDataError::WidgetShowInPageGalleryInvalid,
+    in.flag(Key::ShowInPageGallery, MetaDataError::WidgetShowInPageGalleryInvalid,
             showInPageGallery);
-    in.flag(Key("showInProjectGallery"), MetaDataError::WidgetShowInProjectGalleryInvalid,
+    in.flag(Key::ShowInProjectGallery, MetaDataError::WidgetShowInProjectGalleryInvalid,
             showInProjectGallery);
-    in.flag(Key("receiveAlarmsEvents"), MetaDataError::WidgetReceiveAlarmsEventsInvalid,
+    in.flag(Key::ReceiveAlarmsEvents, MetaDataError::WidgetReceiveAlarmsEventsInvalid,
             receiveAlarmsEvents);
     FieldsReader fields(in);
     widget =

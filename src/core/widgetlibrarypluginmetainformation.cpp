@@ -108,22 +108,6 @@ bool Library::projectWidgetsDefaultGalleryGroupIsUsed() const
     return m_projectWidgetsDefaultGalleryGroupIsUsed;
 }
 
-//! The translatable texts of a multi-language default value, in order.
-static QList<TranslationStringType> defaultTexts(const Library::FieldMetaInformation &field)
-{
-    const QVariant &value = field.defaultValue();
-    switch (field.type()) {
-    case Library::FieldType::String:
-        return {value.value<TranslationStringType>()};
-    case Library::FieldType::StringList:
-        return value.value<QList<TranslationStringType>>();
-    case Library::FieldType::StringMap:
-        return value.value<QMap<int, TranslationStringType>>().values();
-    default:
-        return {};
-    }
-}
-
 static QVector<TranslationStringType> translatableTexts(const Library::FieldMetaInformation &field)
 {
     QVector<TranslationStringType> texts{field.display(), field.description(), field.group()};
@@ -131,9 +115,7 @@ static QVector<TranslationStringType> translatableTexts(const Library::FieldMeta
         texts << field.displayFontFamily() << field.displayFontSize() << field.displayFontBold()
               << field.displayFontStyle() << field.displayFontUnderline();
     }
-    if (field.isMultiLanguage())
-        texts += defaultTexts(field).toVector();
-    return texts;
+    return texts + field.defaultTexts().toVector();
 }
 
 QList<TranslationStringType> Library::translatableStrings(const QString &languageCode) const

@@ -185,11 +185,16 @@ public:
 
         //! The field holds a text, list or map of texts that differs by language.
         bool isMultiLanguageText() const;
+        //! The translatable texts of the default value, in order; none unless the field is
+        //! multi-language.
+        QList<TranslationStringType> defaultTexts() const;
         //! The field has the five font labels: a font field or a multi-language text field.
         bool hasFontLabels() const;
 
     private:
         friend class FieldDescriptionReader;
+
+        explicit FieldMetaInformation(const QSharedDataPointer<FieldMetaInformationData> &data);
 
         QSharedDataPointer<FieldMetaInformationData> d;
     };

@@ -78,15 +78,15 @@ int WidgetLibraryPluginUtils::metaInformationFromMetaData(const QJsonObject &met
                                                           WidgetLibraryPluginMetaInformation &info,
                                                           MetaDataFaults &faults)
 {
-    static const QLatin1String widgetsKey("widgets");
+    static constexpr MetaDataKey widgetsKey = MetaDataKey::Widgets;
     QJsonObject object;
     TranslationTable translations;
     PluginUtils::metaInformationFromMetaData(metaData, info, object, translations, faults);
     if (faults.stopped())
         return faults.code();
 
-    const JsonPath path{nullptr, QLatin1String("MetaData")};
-    DescriptionContext context{faults, info.defaultLanguage(), translations, {}};
+    const JsonPath path{nullptr, MetaDataKey::MetaData};
+    DescriptionContext context{faults, info.defaultLanguage(), translations, {}, {}};
     ObjectReader in(object, path, context);
     Library::WidgetMap widgets;
     const auto takeWidget = [&](const QJsonValue &value, int index) {

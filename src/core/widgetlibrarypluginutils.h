@@ -4,13 +4,16 @@
 
 #include <QJsonObject>
 
+class QXmlStreamWriter;
+
 namespace NARV::INTERNAL {
 
 class MetaDataFaults;
 struct DescriptionContext;
 struct JsonPath;
 
-//! Reads widget libraries' descriptions, and writes and reads the text form of field values.
+//! Reads widget libraries' descriptions, writes and reads the text form of field values, and
+//! writes the documents from which the editor shows a library.
 //!
 //! The conversions share no state and may be called from any thread.
 class ZPPLUGIN_EXPORT WidgetLibraryPluginUtils
@@ -18,6 +21,13 @@ class ZPPLUGIN_EXPORT WidgetLibraryPluginUtils
 public:
     using FieldMetaInformation = WidgetLibraryPluginMetaInformation::FieldMetaInformation;
     using WidgetMetaInformation = WidgetLibraryPluginMetaInformation::WidgetMetaInformation;
+
+    //! The galleries in which the editor offers widgets.
+    enum class GalleryType : int
+    {
+        Page = 0,   //!< widgets for pages
+        Project = 1 //!< widgets for the project as a whole
+    };
 
     //! Reads the whole metadata object of a plugin's library file (the one that holds "MetaData")
     //! into info. Returns 0, or the code of the first error, which errorToString() puts into
@@ -46,6 +56,29 @@ public:
     //! and "underline" as numbers, else *ok becomes false and the toolkit's default font is
     //! returned.
     static QFont fieldFontFromString(const QString &text, bool *ok = nullptr);
+
+    //! Writes the definitions of all widgets' properties into the root element that is open.
+    //! Returns 0, or 10029 at a field of unknown type; what was opened is then left open.
+    //!
+    //! As in all documents, texts are in languageCode or in the language that they fall back on,
+    //! and the writer tells whether the device took all of it.
+    static int studioPropertiesFromMetaInformation(const WidgetLibraryPluginMetaInformation &meta,
+                                                   QXmlStreamWriter &writer,
+                                                   const QString &languageCode);
+    //! Writes the document that tells the editor of the library's gallery pages. In the patterns
+    //! of their file names "%1" stands for the number of the page, from 0. Returns 0.
+    static int studioDefaultsFromMetaInformation(const WidgetLibraryPluginMetaInformation &meta,
+                                                 QXmlStreamWriter &writer,
+                                                 const QString &languageCode,
+                                                 const QString &galleryFileNamePattern,
+                                                 const QString &projectGalleryFileNamePattern);
+    //! Writes a gallery page: an instance of each widget, in its latest version, of the group that
+    //! is shown in that gallery. An empty group name stands for the default group. Returns 0.
+    static int
+    studioGalleryFromMetaInformation(const WidgetLibraryPluginMetaInformation &meta,
+                                     QXmlStreamWriter &writer, const QString &languageCode,
+                                     const PluginMetaInformation::TranslationStringType &groupName,
+                                     GalleryType galleryType);
 
 private:
     friend class FieldDescriptionReader;

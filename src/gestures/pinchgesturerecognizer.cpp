@@ -2,6 +2,7 @@
 
 #include "gesturegeometry_p.h"
 #include "gesturetypes_p.h"
+#include "log/logdelivery_p.h"
 #include "pinchgesture.h"
 #include "pinchgesture_p.h"
 
@@ -87,6 +88,8 @@ static bool scale(PinchGesturePrivate *d, const QLineF &line, const QLineF &last
 
 static void logMeasurement(const QLineF &line, qreal angle, qreal startAngle)
 {
+    if (!INTERNAL::isHeard())
+        return;
     const LogHandler log(QString(), __FILE__, __LINE__, __func__);
     log.debug().debug() << "P1" << line.p1();
     log.debug().debug() << "P2" << line.p2();

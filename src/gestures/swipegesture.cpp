@@ -67,7 +67,7 @@ Direction SwipeGesture::verticalDirection() const
 double SwipeGesture::swipeAngle() const
 {
     Q_D(const SwipeGesture);
-    return d->swipeAngle;
+    return d->way().angle();
 }
 
 double SwipeGesture::velocity() const
@@ -101,22 +101,21 @@ Direction SwipeGesture::mapHorizontalDirectionToGraphicsObject(QGestureEvent *ev
                                                                QGraphicsObject *object) const
 {
     Q_D(const SwipeGesture);
-    return horizontal(d->horizontalDirection,
-                      mapped({d->startPoint, d->currentPoint}, event, object));
+    return horizontal(d->horizontalDirection, mapped(d->way(), event, object));
 }
 
 Direction SwipeGesture::mapVerticalDirectionToGraphicsObject(QGestureEvent *event,
                                                              QGraphicsObject *object) const
 {
     Q_D(const SwipeGesture);
-    return vertical(d->verticalDirection, mapped({d->startPoint, d->currentPoint}, event, object));
+    return vertical(d->verticalDirection, mapped(d->way(), event, object));
 }
 
 double SwipeGesture::mapSwipeAngleToGraphicsObject(QGestureEvent *event,
                                                    QGraphicsObject *object) const
 {
     Q_D(const SwipeGesture);
-    return mapped({d->startPoint, d->currentPoint}, event, object).angle();
+    return mapped(d->way(), event, object).angle();
 }
 
 bool SwipeGesture::event(QEvent *event)

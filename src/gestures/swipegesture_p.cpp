@@ -14,6 +14,7 @@ void SwipeGesturePrivate::begin(const QPointF &point, int fingerCount)
     state = Started;
     touchPoints = fingerCount;
     startPoint = point;
+    currentPoint = point;
 }
 
 void SwipeGesturePrivate::reach(const FingerPoints &start)
@@ -23,13 +24,12 @@ void SwipeGesturePrivate::reach(const FingerPoints &start)
     startPoint = mean(start);
 }
 
-void SwipeGesturePrivate::measure(const FingerPoints &fingers)
+void SwipeGesturePrivate::measure(const QPointF &point, const QPointF &movement)
 {
-    currentPoint = mean(fingers);
-    const double distance = QLineF(mean(remembered), currentPoint).length();
+    currentPoint = point;
+    const double distance = std::sqrt(QPointF::dotProduct(movement, movement));
     const qint64 elapsed = timer.restart();
     velocity = velocityKept * velocity + distance / double(elapsed > 0 ? elapsed : 1);
-    swipeAngle = QLineF(startPoint, currentPoint).angle();
 }
 
 bool SwipeGesturePrivate::accept(const QPointF &movement, const FingerPoints &fingers)
@@ -58,10 +58,11 @@ void SwipeGesturePrivate::reset()
 {
     horizontalDirection = SwipeGesture::NoDirection;
     verticalDirection = SwipeGesture::NoDirection;
-    swipeAngle = 0;
     remembered = FingerPoints();
     state = NoGesture;
     velocity = 0;
+    startPoint = QPointF();
+    currentPoint = QPointF();
     timer.invalidate();
 }
 

@@ -28,15 +28,18 @@ public:
     void begin(const QPointF &point, int fingerCount);
     //! All fingers are down; where each of them began.
     void reach(const INTERNAL::FingerPoints &start);
-    //! Velocity and angle with the fingers where they are now.
-    void measure(const INTERNAL::FingerPoints &fingers);
+    //! The fingers are on average here now, so far from where movement was last accepted.
+    void measure(const QPointF &point, const QPointF &movement);
     //! Takes a movement beyond the threshold into account. False when it goes back on an axis.
     bool accept(const QPointF &movement, const INTERNAL::FingerPoints &fingers);
     void reset();
 
+    //! The way from the start to the current point. Worked out when asked for, since an update is
+    //! read once at most and an angle is slow to work out.
+    QLineF way() const { return {startPoint, currentPoint}; }
+
     Direction horizontalDirection = SwipeGesture::NoDirection;
     Direction verticalDirection = SwipeGesture::NoDirection;
-    double swipeAngle = 0;
     INTERNAL::FingerPoints remembered; //!< where the fingers were when movement was last accepted
     State state = NoGesture;
     double velocity = 0;

@@ -93,8 +93,9 @@ QGestureRecognizer::Result SwipeGestureRecognizer::touchUpdate(SwipeGesture *swi
         return CancelGesture;
     if (points.size() < m_touchPoints)
         return fewerFingers(swipe, event);
-    return move(swipe, INTERNAL::fingers(points, &Point::startScreenPos),
-                INTERNAL::fingers(points, &Point::screenPos));
+    if (swipe->d_func()->state == SwipeGesturePrivate::Started)
+        reach(swipe, INTERNAL::fingers(points, &Point::startScreenPos));
+    return move(swipe, INTERNAL::fingers(points, &Point::screenPos));
 }
 
 QGestureRecognizer::Result SwipeGestureRecognizer::fewerFingers(const SwipeGesture *swipe,
@@ -113,7 +114,9 @@ SwipeGestureRecognizer::mouseMove(SwipeGesture *swipe, const QGraphicsSceneMouse
 {
     if (swipe->d_func()->state == SwipeGesturePrivate::NoGesture)
         return CancelGesture;
-    return move(swipe, {{swipe->startPoint()}, 1}, {{event->screenPos()}, 1});
+    if (swipe->d_func()->state == SwipeGesturePrivate::Started)
+        reach(swipe, {{swipe->startPoint()}, 1});
+    return move(swipe, {{event->screenPos()}, 1});
 }
 
 QGestureRecognizer::Result SwipeGestureRecognizer::begin(SwipeGesture *swipe,
@@ -124,17 +127,18 @@ QGestureRecognizer::Result SwipeGestureRecognizer::begin(SwipeGesture *swipe,
     return MayBeGesture;
 }
 
+void SwipeGestureRecognizer::reach(SwipeGesture *swipe, const FingerPoints &start)
+{
+    swipe->d_func()->reach(start);
+    swipe->setHotSpot(swipe->startPoint());
+}
+
 QGestureRecognizer::Result SwipeGestureRecognizer::move(SwipeGesture *swipe,
-                                                        const FingerPoints &start,
                                                         const FingerPoints &fingers)
 {
     SwipeGesturePrivate *d = swipe->d_func();
-    if (d->state == SwipeGesturePrivate::Started) {
-        d->reach(start);
-        swipe->setHotSpot(d->startPoint);
-    }
     const QPointF movement = mean(fingers - d->remembered);
-    d->measure(fingers);
+    d->measure(mean(fingers), movement);
     if (!INTERNAL::exceeds(movement, SwipeGesturePrivate::MoveThreshold))
         return swipe->state() == Qt::NoGesture ? MayBeGesture : TriggerGesture;
     return d->accept(movement, fingers) ? TriggerGesture : CancelGesture;

@@ -40,8 +40,8 @@ private:
     Result recognizeMouse(SwipeGesture *swipe, QEvent *event) const;
     Result mouseMove(SwipeGesture *swipe, const QGraphicsSceneMouseEvent *event) const;
     Result begin(SwipeGesture *swipe, const QPointF &point) const;
-    static Result move(SwipeGesture *swipe, const INTERNAL::FingerPoints &start,
-                       const INTERNAL::FingerPoints &fingers);
+    static void reach(SwipeGesture *swipe, const INTERNAL::FingerPoints &start);
+    static Result move(SwipeGesture *swipe, const INTERNAL::FingerPoints &fingers);
     static Result end(const SwipeGesture *swipe);
 
     const int m_touchPoints;

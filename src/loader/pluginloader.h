@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QDateTime>
 #include <QMap>
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 #include <zpplugin_export.h>
@@ -34,6 +36,26 @@ class ZPPLUGIN_EXPORT PluginLoader : public QObject
     Q_OBJECT
 
 public:
+    //! What the index of the editor's resources tells of one plugin.
+    struct ExtraResourceData
+    {
+        QDateTime modification; //!< of the plugin's library when its resources were generated
+        QString languageId;     //!< the language of the texts
+        QString libraryVersion; //!< which version of the documents this library wrote
+    };
+
+    //! What becomes of a folder of the editor's resources.
+    enum class ResourceStep
+    {
+        Removed,   //!< out of date, or of no plugin that is known
+        Kept,      //!< up to date
+        Started,   //!< is being generated
+        Generated, //!< follows Started
+        Failed     //!< could not be removed or generated; a log record tells why
+    };
+    //! Hears of each folder by its name, which is the id of its plugin.
+    using ResourceListener = std::function<void(const QString &name, ResourceStep step)>;
+
     PluginLoader();
     //! Unloads everything.
     ~PluginLoader() override;
@@ -60,6 +82,18 @@ public:
     //! Does what deinit() does and destroys all records.
     void unload();
 
+    //! Writes what the editor needs to show the loaded plugins into the folder dirPath, which is
+    //! made if missing: for each widget library one folder, named by the plugin's id, with texts
+    //! in languageCode. Folders that are up to date stay as they are; folders of other plugins are
+    //! removed. docs/file-formats.md describes the files.
+    //!
+    //! False if there was any error; each leaves a log record in category "RESOURCES_GENERATION".
+    //! A plugin that failed has no folder then and is generated again by the next call, as is
+    //! whatever a crash interrupted. When the call itself makes no sense (before init(), or with a
+    //! dirPath that is no folder) all plugins are unloaded, too.
+    bool generateStudioExtraResources(const QString &dirPath, const QString &languageCode,
+                                      const ResourceListener &listener = {});
+
     //! The records by plugin id. The loader owns them.
     const QMap<QString, PluginData *> &pluginData() const;
     //! The record of that plugin, or null. The loader owns it.
@@ -69,6 +103,14 @@ private:
     Q_DISABLE_COPY(PluginLoader)
 
     using Hook = void (NARV::Plugin::*)();
+
+    //! Fills index from the file, which need not exist. False, and index is as it was, if the file
+    //! is malformed.
+    static bool readExtraResourcesIndexFile(const QString &path,
+                                            QMap<QString, ExtraResourceData> &index);
+    //! Replaces the file.
+    static bool writeExtraResourcesIndexFile(const QString &path,
+                                             const QMap<QString, ExtraResourceData> &index);
 
     bool isNotInited() const;
     bool canLoadFrom(const QString &dirPath) const;

@@ -26,6 +26,11 @@ void narvUninstallLogMessageHandlerPrivate()
     narvInstallLogMessageHandlerPrivate(nullptr, nullptr);
 }
 
+bool INTERNAL::isHeard() noexcept
+{
+    return installedHandler.load() && !delivering;
+}
+
 void INTERNAL::deliver(const LogRecord &record) noexcept
 {
     if (record.text.isEmpty())

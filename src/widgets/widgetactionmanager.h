@@ -25,8 +25,7 @@ class ZPPLUGIN_EXPORT WidgetActionManager : public QObject
     Q_OBJECT
 
 public:
-    //! How the times of trend samples are written. The host gives the samples as it likes; a list
-    //! of [time, value] pairs in ascending time is usual.
+    //! How the times of trend samples are written; getTrendValue() tells of the samples.
     enum TrendTimeFormat : int
     {
         DateTime = 0,               //!< QDateTime
@@ -37,7 +36,12 @@ public:
 
     //! The current value of a tag.
     QVariant getTagValue(const QString &tagName) const;
-    //! At most count samples of a trend between two times.
+    //! At most count samples of a trend from one time to another, both included: a QVariantList in
+    //! ascending order of time whose entries are each a QVariantList of [time, value] or
+    //! [time, value, quality]. The time is written as format says. The value is in the trend's own
+    //! unit; an invalid value or a NaN is a gap, to the next sample with a value. Quality is 0 for
+    //! good, as when it is left out, 1 for uncertain and 2 for bad, which is not to be shown.
+    //! Empty without samples, invalid if there is no such trend.
     QVariant getTrendValue(const QString &name, const QDateTime &from, const QDateTime &to,
                            unsigned int count, TrendTimeFormat format) const;
     //! The alarms of the project.

@@ -17,7 +17,9 @@ public:
 
     //! The current value of a tag; an invalid value is usual for one that does not exist.
     virtual QVariant getTagValue(const QString &tagName) = 0;
-    //! At most count samples of a trend between two times, with times written as format says.
+    //! At most count samples of a trend from one time to another, laid out as
+    //! WidgetActionManager::getTrendValue() says. Where there are more, keep the lowest and highest
+    //! of each stretch, so that no peak is lost.
     virtual QVariant getTrendValue(const QString &name, const QDateTime &from, const QDateTime &to,
                                    unsigned int count,
                                    WidgetActionManager::TrendTimeFormat format) = 0;

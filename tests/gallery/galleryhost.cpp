@@ -83,10 +83,30 @@ NARV::WidgetPrivate *GalleryHost::place(const Key &key, const QVariantMap &value
     return widget;
 }
 
+QVariant GalleryHost::getTrendValue(const QString &, const QDateTime &from, const QDateTime &to,
+                                    unsigned int count, NARV::WidgetActionManager::TrendTimeFormat)
+{
+    trendRequest = {from.toMSecsSinceEpoch(), to.toMSecsSinceEpoch(), count};
+    QVariantList samples;
+    for (qint64 time = trendRequest.from; time <= trendRequest.to; time += 1000)
+        samples += QVariant(QVariantList{time, time / 1000 % 60 + 20});
+    return samples;
+}
+
+NARV::GraphicsObject *GalleryHost::item() const
+{
+    return m_widget->graphicsObjectsList().first();
+}
+
+void GalleryHost::resize(QSizeF size)
+{
+    GraphicsObjectPrivateAccessor::priv(item())->resize(size);
+}
+
 QImage GalleryHost::grab(QSizeF size)
 {
     size = size.isValid() ? size : m_description.defaultSize();
-    GraphicsObjectPrivateAccessor::priv(m_widget->graphicsObjectsList().first())->resize(size);
+    resize(size);
     const QRectF area = QRectF(QPointF(), size).adjusted(-margin, -margin, margin, margin);
     QImage image(qCeil(area.width()), qCeil(area.height()), QImage::Format_RGB32);
     image.fill(Qt::white);

@@ -25,10 +25,28 @@ public:
     const Library &library() const;
     //! Places the only widget of the scene, told by id and version, and initialises it.
     NARV::WidgetPrivate *place(const Key &key, const QVariantMap &values = {});
+    QVariant getTagValue(const QString &tagName) override { return tags.value(tagName); }
+    //! Notes the request, and gives one sample a second of a ramp that starts anew each minute.
+    QVariant getTrendValue(const QString &name, const QDateTime &from, const QDateTime &to,
+                           unsigned int count,
+                           NARV::WidgetActionManager::TrendTimeFormat format) override;
+
+    QGraphicsScene *scene() { return &m_scene; }
+    NARV::GraphicsObject *item() const;
+    void resize(QSizeF size);
     //! The placed widget at a size (its default one), in a margin of its own.
     QImage grab(QSizeF size = {});
 
     static constexpr int margin = 20;
+
+    QVariantMap tags;
+    struct
+    {
+        qint64 from = 0;
+        qint64 to = 0;
+        unsigned int count = 0;
+        qint64 span() const { return to - from; }
+    } trendRequest; //!< the last one
 
 private:
     NARV::INTERNAL::PluginLoader m_loader;

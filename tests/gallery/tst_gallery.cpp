@@ -8,34 +8,54 @@
 
 using FieldType = GalleryHost::Library::FieldType;
 
+//! Fields that do not change the picture of a widget just by being set to another value, or need
+//! others to be set to do so.
 static const struct
 {
     const char *name; // of the widget, and of the field that is set
-    QVariant value;
+    QVariant value;   // of the field; invalid if it tells in what the widget does
     QVariantMap start = {};
-} changeRows[] = {
-    {"gauge.value", 50},
-    {"gauge.needleStyle", 2, {{u("value"), 50}}},
-    {"gauge.setpoint", 20, {{u("showSetpoint"), true}}},
-    {"gauge.title", u("Boiler")},
-    {"bar.value", 50},
-    {"bar.direction", 2, {{u("value"), 20}}},
-    {"bar.origin", 50, {{u("value"), 60}}},
-    {"numericDisplay.value", 50},
-    {"numericDisplay.unit", u("bar")},
-    {"lamp.state", 2},
-    {"lamp.shape", 1},
-    {"numericInput.value", 50},
+} fieldRows[] = {
+    {"bar.alarmColor", QColor(Qt::cyan), {{u("value"), 99}}},
+    {"gauge.arcWidth", 20, {{u("needleStyle"), 2}, {u("value"), 50}}},
+    {"numericDisplay.warningColor", QColor(Qt::cyan), {{u("value"), 90}}},
+    {"numericDisplay.alarmColor", QColor(Qt::cyan), {{u("value"), 99}}},
+    {"numericDisplay.showLimits", false, {{u("value"), 99}}},
     {"numericInput.minimum", -10}, // the minus button comes to life
-    {"pushButton.value", true},
-    {"pushButton.enabled", false},
-    {"selector.value", 2},
-    {"selector.firstNumber", -1},
-    {"label.text", u("Pump")},
-    {"label.horizontalAlignment", 2},
-    {"trendChart.maximum", 7},
-    {"trendChart.pen1", u("level")}, // the legend names it
-    {"alarmList.emptyText", u("-")},
+    {"numericInput.maximum", 0},
+    {"numericInput.previousValue", {}},
+    {"numericInput.step", {}},
+    {"numericInput.confirm", {}},
+    {"numericInput.confirmText", {}},
+    {"numericInput.focusColor", {}},
+    {"lamp.unknownColor", QColor(Qt::cyan), {{u("state"), 9}}},
+    {"lamp.blink", {}},
+    {"lamp.blinkState", {}},
+    {"lamp.blinkPeriod", {}},
+    {"pushButton.mode", {}},
+    {"pushButton.holdTime", {}},
+    {"pushButton.confirm", {}},
+    {"pushButton.confirmText", {}},
+    {"pushButton.activeColor", QColor(Qt::cyan), {{u("value"), true}}},
+    {"pushButton.showImage", true, {{u("image"), u(GALLERY_IMAGE)}}},
+    {"pushButton.image", u(GALLERY_IMAGE), {{u("showImage"), true}}},
+    {"pushButton.imagePosition", 1, {{u("showImage"), true}, {u("image"), u(GALLERY_IMAGE)}}},
+    {"selector.confirm", {}},
+    {"selector.confirmText", {}},
+    {"label.wordWrap", false, {{u("text"), u("Words that do not fit into one line")}}},
+    {"trendChart.samples", {}},
+    {"trendChart.refreshPeriod", {}},
+    {"trendChart.pen1", u("")},
+    {"trendChart.pen2", u("")},
+    {"trendChart.timeDivisions", 2},
+    {"trendChart.pen3Color", QColor(Qt::cyan), {{u("pen3"), u("x")}}},
+    {"trendChart.pen4Color", QColor(Qt::cyan), {{u("pen4"), u("x")}}},
+    {"alarmList.limitRows", true, {{u("rowLimit"), 1}}},
+    {"alarmList.rowLimit", 1, {{u("limitRows"), true}}},
+    {"alarmList.emptyText", u("-"), {{u("groups"), QStringList(u("none"))}}},
+    {"alarmList.confirmAcknowledgeAll", {}},
+    {"alarmList.confirmText", {}},
+    {"alarmList.alarmCount", {}},
 };
 
 //! The gallery as a host meets it. The guard fails a widget that reads a field it does not have.
@@ -48,8 +68,9 @@ private Q_SLOTS:
     void isDescribed();
     void draws_data();
     void draws();
-    void showsChanges_data() { addRows(changeRows); }
-    void showsChanges();
+    void everyFieldShows_data();
+    void everyFieldShows();
+    void hasNoStrayRows();
     void alarmListFollowsAlarms();
     void watchdogExpires();
     void watchdogRestsInEditor();
@@ -135,14 +156,113 @@ void tst_Gallery::draws()
     }
 }
 
-void tst_Gallery::showsChanges()
+//! Another value of the type of a field, to be seen.
+static QVariant otherValue(const GalleryHost::Library::FieldMetaInformation &field,
+                           const QVariant &value)
 {
-    const auto &row = currentRow(changeRows);
-    const QStringList ids = u(row.name).split(QLatin1Char('.'));
-    NARV::WidgetPrivate *widget = m_host->place(latest(ids[0]), row.start);
+    switch (field.type()) {
+    case FieldType::String:
+        return u(field.id().endsWith(u("Format")) ? "mm" : "Other");
+    case FieldType::StringList:
+        return QStringList(u("Other")) + value.toStringList().mid(1);
+    case FieldType::StringMap: {
+        auto texts = value.value<QMap<int, QString>>();
+        for (QString &text : texts)
+            text = u(field.id().endsWith(u("Colors")) ? "cyan" : "Other");
+        return QVariant::fromValue(texts);
+    }
+    case FieldType::Integer:
+        return value.toInt() + 2;
+    case FieldType::Option:
+        return value.toInt() == 0 ? 1 : 0;
+    case FieldType::Double:
+        return value.toDouble() < 50 ? 60 : 40;
+    case FieldType::Bool:
+        return !value.toBool();
+    case FieldType::Color:
+        return QColor(Qt::cyan);
+    case FieldType::Font:
+        return QFont(u("Roboto"), 7);
+    default:
+        return u("tag");
+    }
+}
+
+static QVector<NARV::AlarmInfo> someAlarms()
+{
+    QVector<NARV::AlarmInfo> alarms;
+    for (auto state : {NARV::AlarmInfo::StateTriggeredNotAcknowledged,
+                       NARV::AlarmInfo::StateTriggeredAcknowledged,
+                       NARV::AlarmInfo::StateNotTriggeredNotAcknowledged}) {
+        NARV::AlarmInfoData data;
+        data.name = QString::number(alarms.size());
+        data.severity = NARV::AlarmInfo::Severity(alarms.size() * 2 % 3);
+        data.state = state;
+        data.timestamp = QDateTime(QDate(2024, 5, 1), QTime(10, alarms.size()));
+        data.acknowledgeEnabled = data.resetEnabled = true;
+        alarms.append(NARV::AlarmInfo(data));
+    }
+    return alarms;
+}
+
+static const QVariantMap richValues{{u("title"), u("Title")},   {u("showSetpoint"), true},
+                                    {u("prompt"), u("Prompt")}, {u("showBackground"), true},
+                                    {u("showFrame"), true},     {u("pen1"), u("a")},
+                                    {u("pen2"), u("b")}};
+
+void tst_Gallery::everyFieldShows_data()
+{
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<QString>("fieldId");
+    for (const auto &widget : m_host->library().widgetsLatestVersion()) {
+        if (!widget.showInPageGallery())
+            continue;
+        for (const auto &field : widget.fields())
+            QTest::addRow("%s.%s", qPrintable(widget.id()), qPrintable(field.id()))
+                << widget.id() << field.id();
+    }
+}
+
+void tst_Gallery::everyFieldShows()
+{
+    QFETCH(QString, id);
+    QFETCH(QString, fieldId);
+    const auto *row =
+        std::find_if(std::begin(fieldRows), std::end(fieldRows), [&](const auto &any) {
+            return u(any.name) == id + QLatin1Char('.') + fieldId;
+        });
+    const bool isSpecial = row != std::end(fieldRows);
+    if (isSpecial && !row->value.isValid())
+        return; // to be found in tst_galleryinput
+    m_host->alarms = someAlarms();
+    m_host->tags = {{u("tag"), true}};
+    const auto fields = m_host->library().widgetsLatestVersion()[id].fields();
+    QVariantMap start = isSpecial ? row->start : QVariantMap();
+    for (auto it = richValues.begin(); it != richValues.end(); ++it) {
+        if (fields.contains(it.key()))
+            start.insert(it.key(), *it);
+    }
+    NARV::WidgetPrivate *widget = m_host->place(latest(id), start);
+    const auto field = fields[fieldId];
     const QImage before = m_host->grab();
-    widget->setFieldValue(ids[1], row.value, true, true);
-    QVERIFY(m_host->grab() != before);
+    const QVariant value = widget->fieldValues[fieldId];
+    widget->setFieldValue(fieldId, isSpecial ? row->value : otherValue(field, value), true, true);
+    QCoreApplication::processEvents();
+    const QImage after = m_host->grab();
+    QVERIFY2(after != before, "the field has no effect");
+    if (!field.isMultiLanguageText() || field.id() == u("title"))
+        return;
+    widget->setFieldValue(fieldId + u(".font"), QFont(u("Roboto"), 6), true, true);
+    QVERIFY2(m_host->grab() != after, "the font of the field has no effect");
+}
+
+void tst_Gallery::hasNoStrayRows()
+{
+    for (const auto &row : fieldRows) {
+        const QStringList ids = u(row.name).split(QLatin1Char('.'));
+        QVERIFY2(m_host->library().widgetsLatestVersion()[ids[0]].fields().contains(ids[1]),
+                 row.name);
+    }
 }
 
 void tst_Gallery::alarmListFollowsAlarms()

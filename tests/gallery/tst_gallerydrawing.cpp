@@ -1,8 +1,11 @@
 #include "alarmfilter.h"
 #include "dial.h"
+#include "drawing.h"
 #include "guardedtest.h"
 #include "numbertext.h"
 #include "scale.h"
+#include "timewindow.h"
+#include "trendsamples.h"
 #include "valuelimits.h"
 
 #include <cmath>
@@ -46,6 +49,38 @@ static const struct
     {"no length", 5.0, 5.0, 5.0, 0.0},     {"no number", 0.0, 10.0, qQNaN(), 0.0},
 };
 
+static const struct
+{
+    const char *name;
+    double lowest;
+    double highest;
+    int divisions;
+    RoundScale scale;
+} roundRows[] = {
+    {"outwards", 1.2, 8.9, 5, {0, 10, 5, 2}},
+    {"round already", 0, 100, 5, {0, 100, 5, 20}},
+    {"fractions", -0.31, 0.29, 10, {-0.4, 0.3, 7, 0.1}},
+    {"large", 12000, 87000, 5, {0, 100000, 5, 20000}},
+    {"constant", 50, 50, 5, {40, 60, 4, 5}},
+    {"around zero in one", -1, 1, 1, {-100, 100, 2, 100}},
+    {"without end", 0, qInf(), 5, {0, 1, 1, 1}},
+};
+
+// 2024-05-01 00:00 UTC.
+static constexpr qint64 midnight = 1714521600000;
+static const struct
+{
+    const char *name;
+    TimeWindow window; // in seconds since midnight
+    int most;
+    QVector<qint64> ticks;
+} tickRows[] = {
+    {"ten seconds", {3, 13}, 5, {4, 6, 8, 10, 12}},
+    {"ten minutes", {61, 661}, 5, {120, 240, 360, 480, 600}},
+    {"a day", {0, 86400}, 4, {0, 21600, 43200, 64800, 86400}},
+    {"one label", {30, 90}, 1, {60}},
+};
+
 using A = AlarmInfo;
 static const struct
 {
@@ -70,7 +105,11 @@ class tst_GalleryDrawing : public GuardedTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QLocale::setDefault(QLocale(QLocale::German)); }
+    void initTestCase()
+    {
+        QLocale::setDefault(QLocale(QLocale::German));
+        qputenv("TZ", "UTC"); // round times are those of the panel's clock
+    }
     void numbers_data() { addRows(numberRows); }
     void numbers();
     void fractions_data() { addRows(fractionRows); }
@@ -78,6 +117,13 @@ private Q_SLOTS:
     void ticks();
     void limits();
     void dial();
+    void roundScales_data() { addRows(roundRows); }
+    void roundScales();
+    void timeTicks_data() { addRows(tickRows); }
+    void timeTicks();
+    void timeWindows();
+    void samples();
+    void inkIsLegible();
     void alarms_data() { addRows(alarmRows); }
     void alarms();
 };
@@ -130,6 +176,77 @@ void tst_GalleryDrawing::dial()
     QCOMPARE(dial.at(0, 1), QPointF(150 - diagonal, 100 + diagonal));
     QCOMPARE(dial.arc(0, 0.5, 1).currentPosition(), dial.at(0.5, 1));
     QCOMPARE(dial.pointer(0.5, 0.8, 0.1)[1], QPointF(150, 20));
+}
+
+void tst_GalleryDrawing::roundScales()
+{
+    const auto &row = currentRow(roundRows);
+    const RoundScale found = RoundScale::around(row.lowest, row.highest, row.divisions);
+    QCOMPARE(found.minimum, row.scale.minimum);
+    QCOMPARE(found.maximum, row.scale.maximum);
+    QCOMPARE(found.divisions, row.scale.divisions);
+    QCOMPARE(found.step, row.scale.step);
+}
+
+void tst_GalleryDrawing::timeTicks()
+{
+    const auto &row = currentRow(tickRows);
+    const auto inMs = [](qint64 seconds) { return midnight + seconds * 1000; };
+    QVector<qint64> expected;
+    for (qint64 tick : row.ticks)
+        expected.append(inMs(tick));
+    const TimeWindow window{inMs(row.window.from), inMs(row.window.to)};
+    QCOMPARE(window.ticks(row.most), expected);
+}
+
+void tst_GalleryDrawing::timeWindows()
+{
+    const TimeWindow window{100000, 200000};
+    const auto is = [](const TimeWindow &found, qint64 from, qint64 to) {
+        return found.from == from && found.to == to;
+    };
+    QVERIFY(is(window.movedBack(0.5), 50000, 150000));
+    QVERIFY(is(window.zoomed(2, 0.25), 112500, 162500));
+    QVERIFY(is(window.zoomed(0.5, 1), 0, 200000));
+    QCOMPARE(window.zoomed(1e9, 0.5).span(), 10000);
+    QCOMPARE(window.zoomed(1e-9, 0.5).span(), 366 * 86400000LL);
+    for (double factor : {0.0, -1.0, qQNaN()})
+        QVERIFY(is(window.zoomed(factor, 0.5), 100000, 200000));
+    QVERIFY(is(window.endingBy(150000), 50000, 150000));
+    QVERIFY(is(window.endingBy(250000), 100000, 200000));
+}
+
+static QVariant sample(const QVariantList &parts)
+{
+    return parts;
+}
+
+void tst_GalleryDrawing::samples()
+{
+    const auto found = trendSamples(QVariantList{
+        sample({5, 1.5}), sample({6, true}), sample({7, QVariant()}), sample({8, u("off")}),
+        sample({9, 2, 1}), sample({10, 2, 2}), sample({11, qInf()}), sample({12}), 13,
+        sample({u("late"), 3}), sample({14, 2, 99})});
+    QVector<qint64> drawn;
+    for (const TrendSample &any : found) {
+        if (!any.isGap())
+            drawn.append(any.time);
+    }
+    QCOMPARE(found.size(), 8); // the last but one, and those of one part, are no samples
+    QCOMPARE(drawn, (QVector<qint64>{5, 6, 9}));
+    QCOMPARE(found[1].value, 1.0);
+    QCOMPARE(found[4].quality, TrendSample::Uncertain);
+    QVERIFY(trendSamples({}).isEmpty());
+    QVERIFY(trendSamples(u("none")).isEmpty());
+}
+
+void tst_GalleryDrawing::inkIsLegible()
+{
+    const QColor ink(0x2b3138);
+    QCOMPARE(legible(ink, Qt::white), ink);
+    QVERIFY(legible(QColor(0xe0a100), QColor(0xf4f5f7)).lightness() < 80);
+    QVERIFY(legible(ink, QColor(0x1b1b1b)).lightness() > 120);
+    QCOMPARE(legible(QColor(), Qt::white), QColor());
 }
 
 void tst_GalleryDrawing::alarms()

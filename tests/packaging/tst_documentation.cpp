@@ -38,7 +38,7 @@ void tst_Documentation::codeIsFromAnExample_data()
 void tst_Documentation::codeIsFromAnExample()
 {
     QString examples;
-    for (const auto folder : {"examples/hello", "tests/packaging/consumer"}) {
+    for (const auto folder : {"examples/hello", "examples/host", "tests/packaging/consumer"}) {
         const QDir dir(project.filePath(QLatin1String(folder)));
         for (const QString &name : dir.entryList(QDir::Files))
             examples += read(dir.filePath(name)).simplified() + QLatin1Char('\n');

@@ -4,6 +4,7 @@
 #include "output/text.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace ZPPluginTool {
 
@@ -22,6 +23,7 @@ CommandLine::CommandLine(const CommandHelp &help)
 }
 
 static const QString timeoutName = QStringLiteral("timeout");
+static const QString languageName = QStringLiteral("language");
 static const int maxSeconds = 3600;
 
 void CommandLine::addTimeoutOption()
@@ -39,6 +41,26 @@ bool CommandLine::readSeconds()
     return m_seconds > 0 && m_seconds <= maxSeconds;
 }
 
+void CommandLine::addLanguageOption(const QString &description, const QString &defaultCode)
+{
+    addOption({languageName, description, QStringLiteral("code"), defaultCode});
+    m_hasLanguage = true;
+}
+
+QString CommandLine::language() const
+{
+    return m_hasLanguage ? value(languageName) : QString();
+}
+
+std::optional<int> CommandLine::checkLanguage() const
+{
+    static const QRegularExpression code(QStringLiteral("\\A[a-z]{2}-[A-Z]{2}\\z"));
+    const bool isGiven = m_hasLanguage && isSet(languageName);
+    if (!isGiven || code.match(language()).hasMatch())
+        return {};
+    return misused(QStringLiteral("A language is named as in it-IT, not '%1'.").arg(language()));
+}
+
 std::optional<int> CommandLine::parse(const QStringList &arguments)
 {
     const bool ok = m_parser.parse(QStringList(QString()) + arguments);
@@ -49,14 +71,15 @@ std::optional<int> CommandLine::parse(const QStringList &arguments)
     if (!ok)
         return misused(m_parser.errorText());
     const QStringList positional = m_parser.positionalArguments();
-    if (positional.isEmpty())
-        return misused(QStringLiteral("%1 is missing.").arg(QLatin1String(m_help.arguments)));
-    if (positional.size() > 1)
-        return misused(QStringLiteral("Unexpected argument '%1'.").arg(positional[1]));
+    const QStringList names = QString::fromLatin1(m_help.arguments).split(QLatin1Char(' '));
+    if (positional.size() < names.size())
+        return misused(QStringLiteral("%1 is missing.").arg(names[positional.size()]));
+    if (positional.size() > names.size())
+        return misused(QStringLiteral("Unexpected argument '%1'.").arg(positional[names.size()]));
     if (!readSeconds())
         return misused(QStringLiteral("The timeout is a number of seconds from 1 to %1, not '%2'.")
                            .arg(QString::number(maxSeconds), value(timeoutName)));
-    return {};
+    return checkLanguage();
 }
 
 QString CommandLine::helpText() const

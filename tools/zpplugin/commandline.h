@@ -18,7 +18,7 @@ enum ExitCode
 struct CommandHelp
 {
     const char *name;
-    const char *arguments; //!< such as "DIR"
+    const char *arguments; //!< such as "DIR", one word for each
     const char *summary;   //!< one line for the list of commands
     const char *text;      //!< what it does, what it prints, examples
 };
@@ -32,31 +32,36 @@ public:
     void addOption(const QCommandLineOption &option) { m_parser.addOption(option); }
     //! Adds the option that says how long loading a plugin may take.
     void addTimeoutOption();
-    //! Reads the arguments behind the name of the command, one of which is not an option. Gives
-    //! the code to end with when that is all there is to do: help was asked for, or the arguments
-    //! are wrong, which has been reported.
+    //! Adds the option that names the language of texts; defaultCode is empty for none.
+    void addLanguageOption(const QString &description, const QString &defaultCode = {});
+    //! Reads the arguments behind the name of the command. Gives the code to end with when that is
+    //! all there is to do: help was asked for, or the arguments are wrong, which has been reported.
     std::optional<int> parse(const QStringList &arguments);
 
-    //! The one argument that is not an option.
-    QString argument() const { return m_parser.positionalArguments().constFirst(); }
+    //! An argument that is not an option.
+    QString argument(int index = 0) const { return m_parser.positionalArguments().at(index); }
     bool isSet(const QString &option) const { return m_parser.isSet(option); }
     QString value(const QString &option) const { return m_parser.value(option); }
     QStringList values(const QString &option) const { return m_parser.values(option); }
     //! The value of the timeout option.
     int seconds() const { return m_seconds; }
-    //! Gives the code to end with if that argument is no file or folder that is there, which has
-    //! then been reported.
+    //! The value of the language option; empty if it has none.
+    QString language() const;
+    //! Gives the code to end with if the first argument is no file or folder that is there, which
+    //! has then been reported.
     std::optional<int> checkPath() const;
     //! Reports what is wrong with the arguments; gives the code to end with.
     int misused(const QString &reason) const;
 
 private:
     bool readSeconds();
+    std::optional<int> checkLanguage() const;
     QString helpText() const;
 
     const CommandHelp &m_help;
     QCommandLineParser m_parser;
     int m_seconds = 0;
+    bool m_hasLanguage = false;
 };
 
 //! Reports on standard error why the program can not do what it was asked to.

@@ -8,7 +8,6 @@
 #include <NARV/INTERNAL/MetaDataChecker>
 
 #include <QJsonDocument>
-#include <QRegularExpression>
 
 namespace ZPPluginTool {
 
@@ -31,7 +30,6 @@ without translations.
 Exit code: 0 when the plugin loaded, 1 when it did not, 2 when the file is not there.)"};
 
 static const QString jsonOption = QStringLiteral("json");
-static const QString languageOption = QStringLiteral("language");
 
 //! The description in the metadata of a library that could not be loaded; empty if it has faults.
 static QJsonObject withoutLoading(const QJsonObject &metaData, const QString &language)
@@ -48,7 +46,7 @@ static void note(const QString &text)
 
 static int describe(const CommandLine &line)
 {
-    const QString chosen = line.value(languageOption);
+    const QString chosen = line.language();
     const bool asJson = line.isSet(jsonOption);
     const QString language = chosen.isEmpty() && !asJson ? QString(ownLanguage) : chosen;
     const ProbeResult result = Probe({line.argument(), language, line.seconds()}).run();
@@ -77,16 +75,10 @@ int runDescribe(const QStringList &arguments)
 {
     CommandLine line(describeHelp);
     line.addOption({jsonOption, QStringLiteral("Print the description as JSON.")});
-    line.addOption({languageOption, QStringLiteral("Show the texts in this language, as in it-IT."),
-                    QStringLiteral("code")});
+    line.addLanguageOption(QStringLiteral("Show the texts in this language, as in it-IT."));
     line.addTimeoutOption();
     if (const auto code = line.parse(arguments))
         return *code;
-    static const QRegularExpression languageCode(QStringLiteral("\\A[a-z]{2}-[A-Z]{2}\\z"));
-    const QString language = line.value(languageOption);
-    if (line.isSet(languageOption) && !languageCode.match(language).hasMatch())
-        return line.misused(
-            QStringLiteral("A language is named as in it-IT, not '%1'.").arg(language));
     if (const auto code = line.checkPath())
         return *code;
     return describe(line);

@@ -3,7 +3,9 @@
 #include "listcommand.h"
 #include "output/terminal.h"
 #include "output/text.h"
+#include "plugin/pluginapplication.h"
 #include "plugin/probecommand.h"
+#include "resourcescommand.h"
 
 #include <QCoreApplication>
 
@@ -17,6 +19,7 @@ static const struct
     {listHelp, runList},
     {describeHelp, runDescribe},
     {checkHelp, runCheck},
+    {resourcesHelp, runResources},
 };
 
 static QString helpText()
@@ -47,11 +50,18 @@ static int runCommand(const QString &name, const QStringList &arguments)
                       QStringLiteral("Unknown command '%1'%2").arg(name, didYouMean(name, names)));
 }
 
+static std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
+{
+    if (argc > 1 && QLatin1String(argv[1]) == QLatin1String(resourcesHelp.name))
+        return makePluginApplication(argc, argv);
+    return std::make_unique<QCoreApplication>(argc, argv);
+}
+
 int main(int argc, char **argv)
 {
     if (argc > 1 && QLatin1String(argv[1]) == probeCommand)
         return runProbe(argc, argv);
-    const QCoreApplication app(argc, argv);
+    const auto app = makeApplication(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.isEmpty())
         return usageError(QStringLiteral("zpplugin"), QStringLiteral("Which command?"));

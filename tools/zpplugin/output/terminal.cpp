@@ -1,6 +1,9 @@
 #include "output/terminal.h"
 
+#include "output/text.h"
 #include "system.h"
+
+#include <utility>
 
 namespace ZPPluginTool {
 
@@ -38,8 +41,25 @@ QString Terminal::styled(const QString &text, Style style) const
     return QLatin1String(escapeSequence(style)) + text + QLatin1String("\033[0m");
 }
 
+void Terminal::eraseProgress()
+{
+    if (std::exchange(m_showsProgress, false))
+        m_file.write("\r\033[K");
+}
+
+void Terminal::progress(const QString &text)
+{
+    if (m_width == 0)
+        return;
+    eraseProgress();
+    m_file.write(elided(printable(text), m_width - 1).toUtf8());
+    m_file.flush();
+    m_showsProgress = true;
+}
+
 void Terminal::print(const QString &line)
 {
+    eraseProgress();
     const QByteArray bytes = line.toUtf8() + '\n';
     m_failed |= m_file.write(bytes) != bytes.size();
 }

@@ -3,6 +3,7 @@
 #include "commandline.h"
 #include "plugin/descriptionjson.h"
 #include "plugin/inspection.h"
+#include "plugin/pluginapplication.h"
 #include "plugin/probereport.h"
 #include "system.h"
 
@@ -68,21 +69,10 @@ static QString libraryPath(const QString &path)
                : QFileInfo(path).absoluteFilePath();
 }
 
-//! Leaves out what Qt says of the machine before the plugin comes into play.
-static void printFatalMessage(QtMsgType type, const QMessageLogContext &, const QString &message)
-{
-    if (type == QtFatalMsg)
-        std::fputs(message.toLocal8Bit().constData(), stderr);
-}
-
 int runProbe(int argc, char **argv)
 {
     ProbeReport report;
-    // A plugin may make pixmaps and widgets; the machine need not have a display.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(printFatalMessage);
-    const QApplication app(argc, argv);
-    qInstallMessageHandler(nullptr);
+    const auto app = makePluginApplication(argc, argv);
     const QStringList arguments = QApplication::arguments().mid(2);
     if (arguments.size() < 3)
         return WrongUsage;

@@ -1,0 +1,169 @@
+#include "resourcescommand.h"
+
+#include "output/terminal.h"
+#include "output/text.h"
+
+#include <NARV/INTERNAL/PluginLoader>
+#include <NARV/INTERNAL/WidgetLibraryPluginData>
+#include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
+#include <NARV/LogHandler>
+
+#include <QFileInfo>
+#include <QMutex>
+
+namespace ZPPluginTool {
+
+using NARV::INTERNAL::PluginLoader;
+using ResourceStep = PluginLoader::ResourceStep;
+
+const CommandHelp resourcesHelp = {
+    "resources", "DIR OUT", "Write the editor's documents for all plugins of a folder",
+    R"(Loads the plugins of the plugins folder DIR and brings the folder OUT up to date, from which an
+editor shows their widgets: documents that are missing or out of date are written, folders of other
+plugins are removed, all else stays as it is. OUT is made if missing.
+
+All plugins are loaded into this process, as an editor does. 'zpplugin list' and 'zpplugin check'
+find the one that crashes.
+
+  zpplugin resources ~/hmi/plugins ~/hmi/resources --language it-IT
+
+Exit code: 0 when all went well, 1 when a plugin did not load or something could not be written or
+removed, 2 when DIR is not there.)"};
+
+namespace {
+
+//! One run of the command; takes the library's log while it lives.
+class ResourcesRun
+{
+public:
+    ResourcesRun();
+    ~ResourcesRun();
+    Q_DISABLE_COPY(ResourcesRun)
+
+    int run(const QString &plugins, const QString &out, const QString &language);
+
+private:
+    static void takeRecord(int type, const QString &source, const QString &message, void *self);
+    void takeStep(const QString &name, ResourceStep step);
+    void print(const QString &out);
+    QString nameOf(const QString &id) const;
+    int count(ResourceStep step) const;
+
+    Terminal m_terminal{stdout};
+    PluginLoader m_loader;
+    QMutex m_mutex; // guards the next one: a plugin may log on any thread
+    QStringList m_errors;
+    QMap<QString, ResourceStep> m_last; //!< what became of each folder
+    QMap<QString, QString> m_names;     //!< of the plugins
+    int m_visited = 0;
+};
+
+//! A step that a folder may end with.
+struct Ending
+{
+    ResourceStep step;
+    const char *word;
+    Style style;
+};
+
+const Ending endings[] = {
+    {ResourceStep::Generated, "generated", Style::Good},
+    {ResourceStep::Kept, "kept", Style::Plain},
+    {ResourceStep::Removed, "removed", Style::Plain},
+    {ResourceStep::Failed, "failed", Style::Error},
+};
+
+} // namespace
+
+ResourcesRun::ResourcesRun()
+{
+    NARV::narvSetLogMessagePattern(QStringLiteral("%{MESSAGE}"));
+    NARV::narvInstallLogMessageHandlerPrivate(takeRecord, this);
+}
+
+ResourcesRun::~ResourcesRun()
+{
+    m_loader.unload();
+    NARV::narvUninstallLogMessageHandlerPrivate();
+}
+
+void ResourcesRun::takeRecord(int type, const QString &, const QString &message, void *self)
+{
+    auto *run = static_cast<ResourcesRun *>(self);
+    if (type != QtCriticalMsg)
+        return;
+    const QMutexLocker lock(&run->m_mutex);
+    run->m_errors.append(message);
+}
+
+QString ResourcesRun::nameOf(const QString &id) const
+{
+    return m_names.value(id);
+}
+
+int ResourcesRun::count(ResourceStep step) const
+{
+    return m_last.values().count(step);
+}
+
+void ResourcesRun::takeStep(const QString &name, ResourceStep step)
+{
+    m_last.insert(name, step);
+    if (step != ResourceStep::Started && step != ResourceStep::Kept)
+        return;
+    ++m_visited;
+    m_terminal.progress(
+        QStringLiteral("%1/%2 %3")
+            .arg(QString::number(m_visited), QString::number(m_names.size()), nameOf(name)));
+}
+
+void ResourcesRun::print(const QString &out)
+{
+    QStringList parts;
+    for (const Ending &ending : endings) {
+        const QString word = QLatin1String(ending.word);
+        for (const QString &name : m_last.keys(ending.step)) {
+            const QString start = m_terminal.styled(word.leftJustified(9), ending.style);
+            m_terminal.print(QStringList{start, printable(name), printable(nameOf(name))}
+                                 .join(QLatin1Char(' '))
+                                 .trimmed());
+        }
+        if (const int number = count(ending.step))
+            parts += QStringLiteral("%1 %2").arg(QString::number(number), word);
+    }
+    const QMutexLocker lock(&m_mutex);
+    for (const QString &error : qAsConst(m_errors))
+        m_terminal.print(m_terminal.styled(QStringLiteral("error:"), Style::Error) +
+                         QLatin1Char(' ') + printable(error));
+    m_terminal.print(QStringLiteral("%1: %2").arg(
+        printable(out),
+        parts.isEmpty() ? QStringLiteral("nothing to do") : parts.join(QLatin1String(", "))));
+}
+
+int ResourcesRun::run(const QString &plugins, const QString &out, const QString &language)
+{
+    m_terminal.progress(QStringLiteral("loading the plugins"));
+    bool ok = m_loader.loadFromDir(plugins);
+    for (const auto *plugin : m_loader.pluginData())
+        m_names.insert(plugin->metaInformation()->id(),
+                       plugin->metaInformation()->name().get(language, true));
+    m_loader.init();
+    ok &= m_loader.generateStudioExtraResources(
+        out, language, [this](const QString &name, ResourceStep step) { takeStep(name, step); });
+    print(out);
+    return m_terminal.finish(ok ? Fine : HasFindings);
+}
+
+int runResources(const QStringList &arguments)
+{
+    CommandLine line(resourcesHelp);
+    line.addLanguageOption(QStringLiteral("Write the texts in this language (default: en-US)."),
+                           QStringLiteral("en-US"));
+    if (const auto code = line.parse(arguments))
+        return *code;
+    if (!QFileInfo(line.argument()).isDir())
+        return line.misused(QStringLiteral("There is no folder '%1'.").arg(line.argument()));
+    return ResourcesRun().run(line.argument(), line.argument(1), line.language());
+}
+
+} // namespace ZPPluginTool
