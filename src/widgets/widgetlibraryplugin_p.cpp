@@ -13,9 +13,12 @@ void WidgetLibraryPluginPrivate::registerWidget(const QString &widgetId, const Q
                                                 const QMetaObject *widgetMetaObject,
                                                 const QMetaObject *graphicsObjectMetaObject)
 {
-    m_registrations[{widgetId, version}] = {widgetMetaObject, graphicsObjectMetaObject,
-                                            INTERNAL::ConstructorMatch::forWidget(widgetMetaObject),
-                                            WidgetData::VersionType(version), nullptr};
+    const WidgetData record(widgetId, WidgetData::VersionType(version), QString(), {},
+                            graphicsObjectMetaObject, nullptr);
+    m_registrations.insert_or_assign(
+        {widgetId, version},
+        Registration{widgetMetaObject, graphicsObjectMetaObject,
+                     INTERNAL::ConstructorMatch::forWidget(widgetMetaObject), record, nullptr});
 }
 
 Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
@@ -30,19 +33,32 @@ Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
 
     const Registration &registration = found->second;
     FieldIndex::update(registration.fieldIndex, fieldsInfo);
-    auto fieldIndex = registration.fieldIndex;
+    if (!registration.record.widgetActionManager)
+        return make(registration, registration.record, pluginId, actionManagerImpl);
+    // The constructor of a widget makes another one of its class.
+    WidgetData record = registration.record;
+    return make(registration, record, pluginId, actionManagerImpl);
+}
+
+Widget *WidgetLibraryPluginPrivate::make(const Registration &registration, WidgetData &record,
+                                         const QString &pluginId,
+                                         INTERNAL::WidgetActionManagerImpl *actionManagerImpl)
+{
+    if (record.pluginId != pluginId)
+        record.pluginId = pluginId;
+    record.fieldsInfo = registration.fieldIndex->fields();
     auto *actionManager = new WidgetActionManager(actionManagerImpl, nullptr);
     QScopedPointer<QObject> owner(actionManager);
-    const WidgetData data(widgetId, registration.parsedVersion, pluginId, fieldIndex->fields(),
-                          registration.graphicsObjectMetaObject, actionManager);
+    record.widgetActionManager = actionManager;
     auto *widget =
-        static_cast<Widget *>(registration.widgetConstructor.newInstance(&data, pluginId));
+        static_cast<Widget *>(registration.widgetConstructor.newInstance(&record, pluginId));
+    record.widgetActionManager = nullptr;
     if (!widget)
         return nullptr;
     WidgetPrivate *priv = INTERNAL::WidgetPrivateAccessor::priv(widget);
     priv->m_ownActionManager.swap(owner);
     if (!priv->m_fieldIndex)
-        priv->m_fieldIndex = std::move(fieldIndex);
+        priv->m_fieldIndex = registration.fieldIndex;
     return widget;
 }
 

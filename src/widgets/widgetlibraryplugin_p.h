@@ -1,14 +1,13 @@
 #pragma once
 
 #include <NARV/INTERNAL/ConstructorMatch>
-#include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
+#include <NARV/WidgetData>
 
 #include <QMap>
 #include <QString>
 
 #include <map>
 #include <memory>
-#include <tuple>
 #include <utility>
 
 namespace NARV {
@@ -35,8 +34,9 @@ public:
         const QMetaObject *graphicsObjectMetaObject = nullptr;
         //! Found at registration; without a match no instance can be made.
         INTERNAL::ConstructorMatch widgetConstructor;
-        //! Read from the version text; invalid if that is none.
-        INTERNAL::PluginMetaInformation::VersionType parsedVersion;
+        //! What the last instance was made from, kept because most instances differ in the action
+        //! manager alone. That is null but while an instance is being made.
+        mutable WidgetData record;
         //! Of the fields of the last instance.
         mutable std::shared_ptr<const INTERNAL::FieldIndex> fieldIndex;
     };
@@ -47,7 +47,8 @@ public:
         template<class A, class B>
         bool operator()(const A &a, const B &b) const
         {
-            return std::tie(a.first, a.second) < std::tie(b.first, b.second);
+            const int byId = a.first.compare(b.first);
+            return byId != 0 ? byId < 0 : a.second < b.second;
         }
     };
     //! By widget id and version, both as written at registration and ordered as plain text.
@@ -71,6 +72,10 @@ public:
                               INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const;
 
 private:
+    static Widget *make(const Registration &registration, WidgetData &record,
+                        const QString &pluginId,
+                        INTERNAL::WidgetActionManagerImpl *actionManagerImpl);
+
     Registrations m_registrations;
 };
 
