@@ -31,23 +31,33 @@ QString tst_Documentation::read(const QString &path)
 void tst_Documentation::codeIsFromAnExample_data()
 {
     QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("heading"); // of the only part whose code is; empty for all
     for (const auto page : {"README.md", "docs/host-integrator-guide.md"})
-        QTest::newRow(page) << project.filePath(QLatin1String(page));
+        QTest::newRow(page) << QString::fromLatin1(page) << QString();
+    QTest::newRow("gestures") << QStringLiteral("docs/plugin-author-guide.md")
+                              << QStringLiteral("\n### Gestures\n");
 }
 
 void tst_Documentation::codeIsFromAnExample()
 {
     QString examples;
-    for (const auto folder : {"examples/hello", "examples/host", "tests/packaging/consumer"}) {
+    for (const auto folder :
+         {"examples/hello", "examples/host", "examples/gallery", "tests/packaging/consumer"}) {
         const QDir dir(project.filePath(QLatin1String(folder)));
         for (const QString &name : dir.entryList(QDir::Files))
             examples += read(dir.filePath(name)).simplified() + QLatin1Char('\n');
     }
 
     QFETCH(QString, page);
+    QFETCH(QString, heading);
+    QString text = read(project.filePath(page));
+    if (!heading.isEmpty()) {
+        QVERIFY(text.contains(heading));
+        text = text.section(heading, 1).section(QStringLiteral("\n### "), 0, 0);
+    }
     static const QRegularExpression block(QStringLiteral("```(cpp|cmake|json)\n(.*?)```"),
                                           QRegularExpression::DotMatchesEverythingOption);
-    auto blocks = block.globalMatch(read(page));
+    auto blocks = block.globalMatch(text);
     QVERIFY(blocks.hasNext());
     while (blocks.hasNext()) {
         const QStringList paragraphs = blocks.next().captured(2).split(QStringLiteral("\n\n"));
