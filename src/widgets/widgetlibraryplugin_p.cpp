@@ -21,17 +21,29 @@ void WidgetLibraryPluginPrivate::registerWidget(const QString &widgetId, const Q
                      INTERNAL::ConstructorMatch::forWidget(widgetMetaObject), record, nullptr});
 }
 
+const WidgetLibraryPluginPrivate::Registration *
+WidgetLibraryPluginPrivate::find(const QString &widgetId, const QString &version) const
+{
+    const auto *last = m_lastFound.entry;
+    if (last && last->first.first == widgetId && last->first.second == version)
+        return &last->second;
+    const std::pair<const QString &, const QString &> key(widgetId, version);
+    const auto found = m_registrations.find(key);
+    if (found == m_registrations.cend())
+        return nullptr;
+    m_lastFound.entry = &*found;
+    return &found->second;
+}
+
 Widget *WidgetLibraryPluginPrivate::newWidgetInstance(
     const QString &widgetId, const QString &version, const QString &pluginId,
     const QMap<QString, FieldInfo> &fieldsInfo,
     INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const
 {
-    const std::pair<const QString &, const QString &> key(widgetId, version);
-    const auto found = m_registrations.find(key);
-    if (found == m_registrations.cend())
+    const Registration *found = find(widgetId, version);
+    if (!found)
         return nullptr;
-
-    const Registration &registration = found->second;
+    const Registration &registration = *found;
     FieldIndex::update(registration.fieldIndex, fieldsInfo);
     if (!registration.record.widgetActionManager)
         return make(registration, registration.record, pluginId, actionManagerImpl);

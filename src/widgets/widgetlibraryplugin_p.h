@@ -8,6 +8,7 @@
 
 #include <map>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace NARV {
@@ -47,8 +48,7 @@ public:
         template<class A, class B>
         bool operator()(const A &a, const B &b) const
         {
-            const int byId = a.first.compare(b.first);
-            return byId != 0 ? byId < 0 : a.second < b.second;
+            return std::tie(a.first, a.second) < std::tie(b.first, b.second);
         }
     };
     //! By widget id and version, both as written at registration and ordered as plain text.
@@ -72,11 +72,27 @@ public:
                               INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const;
 
 private:
+    //! Hosts make many widgets of a kind in a row. A copy of the table has entries of its own.
+    struct LastFound
+    {
+        LastFound() = default;
+        LastFound(const LastFound &) {}
+        LastFound &operator=(const LastFound &)
+        {
+            entry = nullptr;
+            return *this;
+        }
+
+        const Registrations::value_type *entry = nullptr;
+    };
+
+    const Registration *find(const QString &widgetId, const QString &version) const;
     static Widget *make(const Registration &registration, WidgetData &record,
                         const QString &pluginId,
                         INTERNAL::WidgetActionManagerImpl *actionManagerImpl);
 
     Registrations m_registrations;
+    mutable LastFound m_lastFound;
 };
 
 } // namespace NARV

@@ -235,6 +235,12 @@ void tst_Registration::table()
     };
     QVERIFY(!make("Gauge", "0.10") && !make("gauge", "0.10.0"));
     QVERIFY(make("gauge", "0.10")->version().isEmpty());
+
+    auto original = std::make_unique<NARV::WidgetLibraryPluginPrivate>(*library.priv());
+    delete original->newWidgetInstance(gauge, other, {}, {}, nullptr);
+    const NARV::WidgetLibraryPluginPrivate copy = *original;
+    original.reset();
+    QVERIFY(QScopedPointer<NARV::Widget>(copy.newWidgetInstance(gauge, other, {}, {}, nullptr)));
 }
 
 void tst_Registration::pluginInterface()
