@@ -33,16 +33,19 @@ QString tst_Documentation::read(const QString &path)
 void tst_Documentation::codeIsFromAnExample_data()
 {
     QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("heading"); // of the only part whose code is; empty for all
     for (const auto page : {"README.md", "docs/file-formats.md", "docs/host-integrator-guide.md",
                             "docs/test-bench.md"})
-        QTest::newRow(page) << project.filePath(QLatin1String(page));
+        QTest::newRow(page) << QString::fromLatin1(page) << QString();
+    QTest::newRow("gestures") << QStringLiteral("docs/plugin-author-guide.md")
+                              << QStringLiteral("\n### Gestures\n");
 }
 
 void tst_Documentation::codeIsFromAnExample()
 {
     QString examples;
-    for (const auto folder :
-         {"docs", "examples/hello", "examples/host", "tests/packaging/consumer"}) {
+    for (const auto folder : {"docs", "examples/hello", "examples/host", "examples/gallery",
+                              "tests/packaging/consumer"}) {
         const QDir dir(project.filePath(QLatin1String(folder)));
         const QStringList files({QStringLiteral("*.cpp"), QStringLiteral("*.h"),
                                  QStringLiteral("*.json"), QStringLiteral("CMakeLists.txt")});
@@ -51,9 +54,15 @@ void tst_Documentation::codeIsFromAnExample()
     }
 
     QFETCH(QString, page);
+    QFETCH(QString, heading);
+    QString text = read(project.filePath(page));
+    if (!heading.isEmpty()) {
+        QVERIFY(text.contains(heading));
+        text = text.section(heading, 1).section(QStringLiteral("\n### "), 0, 0);
+    }
     static const QRegularExpression block(QStringLiteral("```(cpp|cmake|json)\n(.*?)```"),
                                           QRegularExpression::DotMatchesEverythingOption);
-    auto blocks = block.globalMatch(read(page));
+    auto blocks = block.globalMatch(text);
     QVERIFY(blocks.hasNext());
     while (blocks.hasNext()) {
         const QStringList paragraphs = blocks.next().captured(2).split(QStringLiteral("\n\n"));
