@@ -155,6 +155,8 @@ QImage PageView::render(SceneDocument &document, double scale)
 {
     const QSizeF size = document.page().size;
     QImage image((size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull()) // too large for a picture
+        return image;
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
