@@ -178,7 +178,7 @@ void AlarmTable::insert(const Alarm &alarm, bool isPassing)
     entry.alarm.info.timestamp = m_clock.now();
     beginInsertRows({}, row, row);
     m_entries.append(entry);
-    rebuildIndex();
+    indexRow(row);
     endInsertRows();
     if (isActive(entry.alarm.info))
         Q_EMIT alarmChanged(AlarmInfo(entry.alarm.info));
@@ -206,7 +206,12 @@ void AlarmTable::remove(int row)
     const Entry entry = m_entries.at(row);
     beginRemoveRows({}, row, row);
     m_entries.removeAt(row);
-    rebuildIndex();
+    if (row == m_entries.size()) {
+        m_rows.remove(entry.alarm.info.name);
+        m_limited.remove(entry.alarm.info.tagName, row);
+    } else {
+        rebuildIndex();
+    }
     endRemoveRows();
     if (!entry.isPassing)
         Q_EMIT modified();
@@ -420,12 +425,16 @@ void AlarmTable::rebuildIndex()
 {
     m_rows.clear();
     m_limited.clear();
-    for (int row = 0; row < m_entries.size(); ++row) {
-        const Alarm &alarm = m_entries.at(row).alarm;
-        m_rows.insert(alarm.info.name, row);
-        if (alarm.limit.kind != AlarmLimit::None)
-            m_limited.insert(alarm.info.tagName, row);
-    }
+    for (int row = 0; row < m_entries.size(); ++row)
+        indexRow(row);
+}
+
+void AlarmTable::indexRow(int row)
+{
+    const Alarm &alarm = m_entries.at(row).alarm;
+    m_rows.insert(alarm.info.name, row);
+    if (alarm.limit.kind != AlarmLimit::None)
+        m_limited.insert(alarm.info.tagName, row);
 }
 
 // The item model

@@ -148,6 +148,7 @@ private:
     void checkRow(int row, const QVariant &value);
     void rowHasChanged(int row);
     void rebuildIndex();
+    void indexRow(int row);
     void applyByName(const QString &name, AlarmAction action);
 
     const TagTable &m_tags;

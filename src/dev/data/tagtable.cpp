@@ -138,7 +138,7 @@ void TagTable::setType(int row, TagType type)
         return;
     tag.type = type;
     if (!toTagValue(type, tag.value).isEmpty())
-        tag.value = QVariant();
+        tag.value.clear();
     loadSeries(m_entries[row]);
     storeSample(m_entries[row], m_elapsed);
     announce(row, row);

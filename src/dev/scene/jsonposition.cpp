@@ -76,7 +76,7 @@ private:
 
     void skipBlanks()
     {
-        while (current() && QByteArray(" \t\r\n").contains(current()))
+        while (isBlank(current()))
             ++m_offset;
     }
 
@@ -104,7 +104,11 @@ private:
         } while (m_offset < m_text.size());
     }
 
-    static bool isEnd(char c) { return !c || QByteArray(",:]} \t\r\n").contains(c); }
+    static bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+    static bool isEnd(char c)
+    {
+        return !c || c == ',' || c == ':' || c == ']' || c == '}' || isBlank(c);
+    }
 
     const QByteArray &m_text;
     int m_offset = 0;

@@ -120,8 +120,9 @@ void BandDrag::moveTo(const QPointF &position, Qt::KeyboardModifiers)
 {
     m_band = QRectF(m_start, position).normalized();
     QList<PlacedWidget *> selected = m_kept;
+    const QSet<PlacedWidget *> kept(m_kept.begin(), m_kept.end());
     for (PlacedWidget *widget : m_document.widgets()) {
-        if (!selected.contains(widget) && cornersOf(widget->state()).intersects(QPolygonF(m_band)))
+        if (!kept.contains(widget) && cornersOf(widget->state()).intersects(QPolygonF(m_band)))
             selected += widget;
     }
     m_document.select(selected);

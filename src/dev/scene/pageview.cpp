@@ -51,8 +51,8 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     const auto repaint = [this] { viewport()->update(); };
-    connect(&document, &SceneDocument::selectionChanged, this, repaint);
-    connect(&document, &SceneDocument::geometryChanged, this, repaint);
+    connect(&document, &SceneDocument::selectionChanged, this, &PageView::updateOverlay);
+    connect(&document, &SceneDocument::geometryChanged, this, &PageView::updateOverlay);
     connect(m_touchSimulator.get(), &TouchSimulator::fingersMoved, this, repaint);
     connect(&document, &SceneDocument::pageChanged, this, [this] {
         applyZoom(zoom());
@@ -155,6 +155,8 @@ QImage PageView::render(SceneDocument &document, double scale)
 {
     const QSizeF size = document.page().size;
     QImage image((size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull()) // too large for a picture
+        return image;
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
@@ -205,19 +207,52 @@ void PageView::drawSelection(QPainter &painter) const
     }
 }
 
-void PageView::drawLabel(QPainter &painter) const
+//! In pixels of the view; null for no label.
+QRect PageView::labelBox() const
 {
     const QString text = m_drag ? m_drag->label() : QString();
     if (text.isEmpty())
-        return;
+        return {};
     const QPoint cursor = viewport()->mapFromGlobal(QCursor::pos());
-    QRect box = painter.fontMetrics().boundingRect(text).adjusted(-6, -3, 6, 3);
+    QRect box = viewport()->fontMetrics().boundingRect(text).adjusted(-6, -3, 6, 3);
     box.moveTopLeft(cursor + QPoint(16, 16));
+    return box;
+}
+
+void PageView::drawLabel(QPainter &painter) const
+{
+    const QRect box = labelBox();
+    if (box.isNull())
+        return;
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().color(QPalette::ToolTipBase));
     painter.drawRoundedRect(box, 3, 3);
     painter.setPen(palette().color(QPalette::ToolTipText));
-    painter.drawText(box, Qt::AlignCenter, text);
+    painter.drawText(box, Qt::AlignCenter, m_drag->label());
+}
+
+//! What is drawn over the widgets, in scene units, without what is measured in pixels.
+QRectF PageView::overlayArea() const
+{
+    if (!isEditor())
+        return {};
+    QRectF area = m_drag ? m_drag->band() : QRectF();
+    for (const PlacedWidget *widget : m_document.selection())
+        area |= cornersOf(widget->state()).boundingRect();
+    return area | mapToScene(labelBox()).boundingRect();
+}
+
+// The widgets beneath are painted again where something has changed, not all over the page.
+void PageView::updateOverlay()
+{
+    static const int reach = rotationDistance + 2 * handleSize;
+    const QRectF area = overlayArea();
+    for (const QRectF &changed : {m_overlayArea, area}) {
+        if (!changed.isNull())
+            viewport()->update(
+                mapFromScene(changed).boundingRect().adjusted(-reach, -reach, reach, reach));
+    }
+    m_overlayArea = area;
 }
 
 void PageView::drawForeground(QPainter *painter, const QRectF &)
@@ -330,7 +365,7 @@ void PageView::mouseMoveEvent(QMouseEvent *event)
         QGraphicsView::mouseMoveEvent(event);
     } else if (m_drag) {
         m_drag->moveTo(mapToScene(event->pos()), event->modifiers());
-        viewport()->update();
+        updateOverlay();
     } else {
         showCursor(event->pos());
     }
@@ -377,7 +412,7 @@ void PageView::endClick(Qt::KeyboardModifiers modifiers)
 void PageView::endDrag()
 {
     m_drag.reset();
-    viewport()->update();
+    updateOverlay();
 }
 
 void PageView::mouseDoubleClickEvent(QMouseEvent *event)

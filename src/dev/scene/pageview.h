@@ -72,12 +72,16 @@ private:
     void showCursor(const QPoint &position);
     void drawSelection(QPainter &painter) const;
     void drawLabel(QPainter &painter) const;
+    QRect labelBox() const;
+    QRectF overlayArea() const;
+    void updateOverlay();
     void zoomBy(double factor);
     void applyZoom(double zoom);
 
     SceneDocument &m_document;
     std::unique_ptr<TouchSimulator> m_touchSimulator;
     std::unique_ptr<PageDrag> m_drag;
+    QRectF m_overlayArea; //!< when it was updated last, in scene units
     QPoint m_panStart;
     bool m_isPanning = false;
     bool m_fits = true;

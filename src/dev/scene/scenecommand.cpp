@@ -1,5 +1,7 @@
 #include "scene/scenecommand.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 namespace NARV::DEV {
@@ -12,9 +14,9 @@ SceneCommand::SceneCommand(SceneDocument &document, const QString &text)
 {
 }
 
-void SceneCommand::apply(const std::optional<StackedState> &from,
-                         const std::optional<StackedState> &to)
+void SceneCommand::apply(const Step &step)
 {
+    const auto &[from, to] = step;
     if (!to)
         m_document.take(from->state.name);
     else if (!from)
@@ -23,12 +25,33 @@ void SceneCommand::apply(const std::optional<StackedState> &from,
         widget->apply(from->state, to->state);
 }
 
+// Widgets that come or go do so as one: whoever looks at the selection or at the stacking order
+// hears of it once.
+void SceneCommand::apply(const QVector<Step> &steps)
+{
+    QSet<QString> leaving;
+    bool isRestacked = false;
+    for (const Step &step : steps) {
+        if (!step.after)
+            leaving += step.before->state.name;
+        isRestacked = isRestacked || !step.before || !step.after;
+    }
+    m_document.deselect(leaving);
+    for (const Step &step : steps)
+        apply(step);
+    if (isRestacked)
+        m_document.restack();
+}
+
 // Widgets are taken out from the highest to the lowest and put back the other way round, so that
 // each comes to its own place.
 void SceneCommand::undo()
 {
-    std::for_each(changes.crbegin(), changes.crend(),
-                  [&](const Change &change) { apply(change.after, change.before); });
+    QVector<Step> steps;
+    std::for_each(changes.crbegin(), changes.crend(), [&steps](const Change &change) {
+        steps.append({change.after, change.before});
+    });
+    apply(steps);
     if (!orderBefore.isEmpty())
         m_document.applyOrder(orderBefore);
     if (pageBefore)
@@ -37,8 +60,7 @@ void SceneCommand::undo()
 
 void SceneCommand::redo()
 {
-    for (const Change &change : qAsConst(changes))
-        apply(change.before, change.after);
+    apply(changes);
     if (!orderAfter.isEmpty())
         m_document.applyOrder(orderAfter);
     if (pageAfter)

@@ -37,7 +37,11 @@ public:
     bool mergeWith(const QUndoCommand *other) override;
 
 private:
-    void apply(const std::optional<StackedState> &from, const std::optional<StackedState> &to);
+    //! From the state before to the state after, or the other way round.
+    using Step = Change;
+
+    void apply(const QVector<Step> &steps);
+    void apply(const Step &step);
 
     SceneDocument &m_document;
 };

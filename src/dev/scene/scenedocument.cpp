@@ -92,7 +92,6 @@ void SceneDocument::insert(const StackedState &stacked)
     m_byName.insert(widget->name(), widget);
     connectWidget(*widget);
     makeWidget(*widget);
-    restack();
     Q_EMIT widgetAdded(widget);
 }
 
@@ -101,9 +100,6 @@ void SceneDocument::take(const QString &name)
     PlacedWidget *widget = m_byName.value(name);
     if (!widget)
         return;
-    QList<PlacedWidget *> selected = m_selection;
-    selected.removeOne(widget);
-    select(selected);
     Q_EMIT widgetAboutToBeRemoved(widget);
     m_widgets.removeOne(widget);
     m_byName.remove(name);
@@ -111,7 +107,16 @@ void SceneDocument::take(const QString &name)
     m_gestureMonitor->forget(widget->item());
     m_events.add(EventLog::Kind::Life, name, tr("deleted"));
     delete widget;
-    restack();
+}
+
+void SceneDocument::deselect(const QSet<QString> &names)
+{
+    QList<PlacedWidget *> kept;
+    for (PlacedWidget *widget : qAsConst(m_selection)) {
+        if (!names.contains(widget->name()))
+            kept += widget;
+    }
+    select(kept);
 }
 
 void SceneDocument::restack()
@@ -123,8 +128,11 @@ void SceneDocument::restack()
 
 void SceneDocument::applyOrder(const QStringList &names)
 {
+    QHash<QString, int> positions;
+    for (const QString &name : names)
+        positions.insert(name, positions.size());
     std::sort(m_widgets.begin(), m_widgets.end(), [&](PlacedWidget *a, PlacedWidget *b) {
-        return names.indexOf(a->name()) < names.indexOf(b->name());
+        return positions.value(a->name()) < positions.value(b->name());
     });
     restack();
 }
@@ -191,8 +199,9 @@ void SceneDocument::remove(const QList<PlacedWidget *> &widgets)
     auto *command = new SceneCommand(
         *this, widgets.size() == 1 ? tr("Delete %1").arg(widgets.first()->name())
                                    : tr("Delete %n widget(s)", nullptr, widgets.size()));
+    const QSet<PlacedWidget *> removed(widgets.begin(), widgets.end());
     for (int i = m_widgets.size() - 1; i >= 0; --i) {
-        if (widgets.contains(m_widgets[i]))
+        if (removed.contains(m_widgets[i]))
             command->changes.append({StackedState{m_widgets[i]->state(), i}, {}});
     }
     m_undoStack.push(command);
@@ -319,12 +328,14 @@ void SceneDocument::setOrder(const QStringList &names, const QString &text)
 
 void SceneDocument::reset(const Page &page, const QList<WidgetState> &states)
 {
+    select({});
     while (!m_widgets.isEmpty())
         take(m_widgets.last()->name());
     m_undoStack.clear();
     applyPage(page);
     for (const WidgetState &state : states)
         insert({state, m_widgets.size()});
+    restack();
     setUnmodified();
 }
 

@@ -7,6 +7,7 @@
 #include <QJsonObject>
 #include <QList>
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 #include <QUndoStack>
 #include <QVector>
@@ -122,9 +123,11 @@ Q_SIGNALS:
 private:
     friend class SceneCommand;
 
+    // restack() has to follow when all have come and gone, deselect() to come before take().
     void insert(const StackedState &stacked);
     void take(const QString &name);
     void restack();
+    void deselect(const QSet<QString> &names);
     void applyPage(const Page &page);
     void applyOrder(const QStringList &names);
     void giveFreshNames(QList<WidgetState> &states) const;

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QMimeData>
+#include <QSet>
 
 namespace NARV::DEV::SceneEditing {
 
@@ -23,12 +24,19 @@ static QString tr(const char *text)
     return QCoreApplication::translate("NARV::DEV::SceneEditing", text);
 }
 
+static QSet<PlacedWidget *> selectedWidgets(const SceneDocument &document)
+{
+    const QList<PlacedWidget *> &selection = document.selection();
+    return {selection.begin(), selection.end()};
+}
+
 //! In stacking order, whatever the order of selection.
 static QList<WidgetState> selectedStates(const SceneDocument &document)
 {
+    const QSet<PlacedWidget *> selected = selectedWidgets(document);
     QList<WidgetState> states;
     for (PlacedWidget *widget : document.widgets()) {
-        if (document.selection().contains(widget))
+        if (selected.contains(widget))
             states += widget->state();
     }
     return states;
@@ -106,10 +114,11 @@ void align(SceneDocument &document, Qt::AlignmentFlag alignment)
 
 void restack(SceneDocument &document, Stacking where)
 {
+    const QSet<PlacedWidget *> selected = selectedWidgets(document);
     QStringList names, moved;
     for (PlacedWidget *widget : document.widgets()) {
         names += widget->name();
-        if (document.selection().contains(widget))
+        if (selected.contains(widget))
             moved += widget->name();
     }
     const QStringList order = restacked(names, moved, where);

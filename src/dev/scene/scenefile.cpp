@@ -21,6 +21,8 @@ static const char formatName[] = "zpplugin-bench-page";
 static const int formatVersion = 1;
 //! Larger values are no sensible geometry and only make trouble.
 static const double largestLength = 1e6;
+//! More would take so long to make that the program seems to hang.
+static const int mostWidgets = 10000;
 
 static QString tr(const char *text)
 {
@@ -110,7 +112,12 @@ static WidgetState readWidget(JsonReader &in)
     state.version = readText(in, "version");
     readPair(in, "position", state.position.rx(), state.position.ry(), -largestLength);
     state.size = readSize(in, 0);
-    in.number("rotation", state.rotation);
+    in.value("rotation", [&state](const QJsonValue &value) {
+        state.rotation = value.toDouble();
+        return isLength(value)
+                   ? QString()
+                   : tr("a number from %1 to %2 is needed").arg(-largestLength).arg(largestLength);
+    });
     const QJsonObject fields = readMembers(in, "fields");
     for (auto it = fields.begin(); it != fields.end(); ++it)
         state.values.insert(it.key(), QVariant(it.value()));
@@ -136,6 +143,8 @@ static QList<WidgetState> readWidgets(JsonReader &in)
     QList<WidgetState> widgets;
     QSet<QString> names;
     in.need("widgets").objects("widgets", [&](JsonReader &element) {
+        if (widgets.size() == mostWidgets)
+            element.fail(nullptr, tr("a page holds at most %1 widgets").arg(mostWidgets));
         widgets += readWidget(element);
         const QString &name = widgets.last().name;
         if (element.isGood() && names.contains(name))
@@ -201,6 +210,11 @@ QString SceneFile::withPosition(const QByteArray &text, const QString &problem)
 template<typename Read>
 static bool readText(const QByteArray &text, QString &problem, Read read)
 {
+    if (text.size() > mostBytes) {
+        problem = lineAndColumn(text, SceneFile::mostBytes) + QLatin1String(": ") +
+                  tr("more than %1 MiB are not read").arg(SceneFile::mostBytes >> 20);
+        return false;
+    }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (!document.isObject()) {

@@ -23,6 +23,9 @@ struct Scene
 class ZPPLUGIN_DEV_EXPORT SceneFile
 {
 public:
+    //! A longer text is not read.
+    static constexpr int mostBytes = 64 * 1024 * 1024;
+
     //! The text of a scene file: indented JSON.
     static QByteArray toText(const Scene &scene);
     //! False, with a reason that begins with line and column, such as

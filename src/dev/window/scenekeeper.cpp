@@ -83,7 +83,7 @@ static bool readScene(const QString &path, QByteArray &text, Scene &scene, QStri
         problem = file.errorString();
         return false;
     }
-    text = file.readAll();
+    text = file.read(SceneFile::mostBytes + 1);
     return SceneFile::fromText(text, scene, problem);
 }
 
@@ -91,9 +91,13 @@ bool SceneKeeper::open(const QString &path, QString &problem)
 {
     QByteArray text;
     Scene scene;
-    const bool isRead = readScene(path, text, scene, problem);
-    m_document.testData().setBaseFolder(QFileInfo(path).absolutePath());
-    if (!isRead || !show(scene, text, problem)) {
+    bool isOpen = readScene(path, text, scene, problem);
+    if (isOpen) {
+        m_document.testData().setBaseFolder(QFileInfo(path).absolutePath());
+        isOpen = show(scene, text, problem);
+    }
+    if (!isOpen) {
+        m_document.testData().setBaseFolder(QFileInfo(m_path).absolutePath());
         problem = path + QLatin1Char(':') + problem;
         return false;
     }
