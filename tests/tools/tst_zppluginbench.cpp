@@ -35,6 +35,9 @@ static const struct
     {"twice.json", scene(gauge() + ",\n" + gauge(), "")},
     {"tag.json", scene("", "\n\"tags\": [{\"name\": \"t\", \"type\": \"decimal\"}]")},
     {"field.json", scene(gauge(R"(, "fields": {"gone": 1})"), "")},
+    {"widget.json", scene(R"({"name": "p", "widget": "teapot", "version": "1.0.0",
+"position": [0, 0], "size": [10, 10]})",
+                          "")},
     {"text.so", "no library"},
 };
 
@@ -76,6 +79,8 @@ static const struct
     {"--render o.png --scene key.json PLUGIN", 1, "key.json:2:13: widgets[0].name: is missing"},
     {"--render o.png --scene twice.json PLUGIN", 1, "twice.json:3:10: widgets[1].name: another"},
     {"--render o.png --scene tag.json PLUGIN", 1, "tag.json:4:32: data.tags[0].type: is none of"},
+    {"--render o.png --language fr-FR PLUGIN", 1, "no texts in fr-FR, but in en-US"},
+    {"--render o.png --scene widget.json PLUGIN", 1, "p: the library has no widget \"teapot\""},
     {"--render o.png --scene field.json PLUGIN", 1, "g: there is no field \"gone\" any more"},
 };
 

@@ -91,7 +91,13 @@ bool Drawing::openPlugin()
     if (!m_options.language.isEmpty())
         m_bench.setLanguage(m_options.language);
     m_bench.openPlugin(m_options.plugin);
-    return m_bench.isPluginLoaded();
+    if (!m_bench.isPluginLoaded())
+        return false;
+    const QStringList languages = m_bench.languages();
+    if (!m_options.language.isEmpty() && !languages.contains(m_options.language))
+        warn(QStringLiteral("The library has no texts in %1, but in %2")
+                 .arg(m_options.language, languages.join(QStringLiteral(", "))));
+    return true;
 }
 
 bool Drawing::fillPage()

@@ -209,11 +209,7 @@ void Private::addLanguageActions(QMenu *menu)
 {
     connect(menu, &QMenu::aboutToShow, this, [this, menu] {
         menu->clear();
-        QStringList languages = {QStringLiteral("en-US")};
-        if (const auto *library = session.library())
-            languages = QStringList(library->defaultLanguage()) + library->translation();
-        languages.removeDuplicates();
-        for (const QString &code : qAsConst(languages)) {
+        for (const QString &code : q_ptr->languages()) {
             QAction *action = menu->addAction(code);
             action->setCheckable(true);
             action->setChecked(code == document.language());
@@ -284,12 +280,13 @@ void Private::chooseScene()
     dialog->open();
 }
 
-void Private::openSceneFile(const QString &path)
+QString Private::openSceneFile(const QString &path)
 {
     QString problem;
     if (!keeper.open(path, problem))
         messages->tell(problem);
     showOutcome();
+    return problem;
 }
 
 void Private::saveTo(const QString &path)
@@ -327,6 +324,11 @@ void Private::exportPicture()
             messages->tell(tr("%1 cannot be written").arg(path));
     });
     dialog->open();
+}
+
+void Private::quit()
+{
+    q_ptr->window()->close();
 }
 
 void Private::copy()

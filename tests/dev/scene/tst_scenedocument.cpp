@@ -201,8 +201,19 @@ void tst_SceneDocument::whatTheLibraryLacks()
     gauge.values.insert(u("value"), QVariant(QJsonValue(u("hot"))));
     gauge.values.insert(u("maximum"), QVariant(QJsonValue(9.5)));
     QSignalSpy notices(&m_bench->document, &SceneDocument::notice);
-    m_bench->document.reset({}, {unknown, gauge});
-    QCOMPARE(notices.count(), 2);
+    WidgetState other = gauge;
+    other.name = u("other");
+    const QJsonObject font{{u("family"), u("Roboto")},
+                           {u("size"), 20},
+                           {u("bold"), true},
+                           {u("style"), u("italic")},
+                           {u("underline"), false}};
+    other.values = {{u("valueFont"), QVariant(QJsonValue(font))}};
+    m_bench->document.reset({}, {unknown, gauge, other});
+    QCOMPARE(notices.count(), 3);
+    const QFont read =
+        m_bench->document.widget(u("other"))->fieldValue(u("valueFont")).value<QFont>();
+    QVERIFY(read.pointSize() == 20 && read.bold() && read.italic());
     const PlacedWidget &placed = *m_bench->document.widget(u("gauge"));
     QCOMPARE(placed.fieldValue(u("maximum")), QVariant(9.5));
     QCOMPARE(placed.fieldValue(u("value")), placed.defaultValue(u("value")));
