@@ -2,8 +2,8 @@
 
 #include "metadata/metadatafindings.h"
 #include "output/findingprinter.h"
-#include "output/text.h"
 #include "plugin/plugincheck.h"
+#include "terminal/text.h"
 
 #include <QFileInfo>
 #include <QLibrary>

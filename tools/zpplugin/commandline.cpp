@@ -1,7 +1,7 @@
 #include "commandline.h"
 
-#include "output/terminal.h"
-#include "output/text.h"
+#include "terminal/terminal.h"
+#include "terminal/text.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>

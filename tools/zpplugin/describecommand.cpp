@@ -1,9 +1,9 @@
 #include "describecommand.h"
 
 #include "output/descriptionprinter.h"
-#include "output/text.h"
 #include "plugin/descriptionjson.h"
-#include "plugin/probe.h"
+#include "plugin/probecommand.h"
+#include "terminal/text.h"
 
 #include <NARV/INTERNAL/MetaDataChecker>
 
@@ -49,7 +49,7 @@ static int describe(const CommandLine &line)
     const QString chosen = line.language();
     const bool asJson = line.isSet(jsonOption);
     const QString language = chosen.isEmpty() && !asJson ? QString(ownLanguage) : chosen;
-    const ProbeResult result = Probe({line.argument(), language, line.seconds()}).run();
+    const auto result = describePlugin(line.argument(), language, line.seconds());
     QJsonObject description = result.values.value(QLatin1String("description")).toObject();
     if (!result.failure.isEmpty())
         note(QStringLiteral("%1: %2").arg(line.argument(), result.failure));

@@ -1,9 +1,9 @@
 #include "listcommand.h"
 
 #include "output/table.h"
-#include "output/text.h"
 #include "plugin/descriptionjson.h"
-#include "plugin/probe.h"
+#include "plugin/probecommand.h"
+#include "terminal/text.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -28,7 +28,7 @@ namespace {
 class PluginList
 {
 public:
-    void add(const QString &folder, const ProbeResult &result);
+    void add(const QString &folder, const NARV::PROBE::ProbeResult &result);
     void addDisabled() { ++m_disabled; }
     void print(const QString &folder, Terminal &terminal) const;
     bool hasFailures() const { return !m_failures.isEmpty(); }
@@ -53,7 +53,7 @@ private:
     int m_disabled = 0;
 };
 
-void PluginList::add(const QString &folder, const ProbeResult &result)
+void PluginList::add(const QString &folder, const NARV::PROBE::ProbeResult &result)
 {
     if (!result.failure.isEmpty()) {
         m_failures.append({folder, result.failure});
@@ -118,7 +118,7 @@ int runList(const QStringList &arguments)
             list.addDisabled();
         else
             list.add(name,
-                     Probe({folder.absoluteFilePath(name), ownLanguage, line.seconds()}).run());
+                     describePlugin(folder.absoluteFilePath(name), ownLanguage, line.seconds()));
     }
     Terminal terminal(stdout);
     list.print(line.argument(), terminal);

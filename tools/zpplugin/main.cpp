@@ -1,11 +1,12 @@
 #include "checkcommand.h"
 #include "describecommand.h"
 #include "listcommand.h"
-#include "output/terminal.h"
-#include "output/text.h"
-#include "plugin/pluginapplication.h"
 #include "plugin/probecommand.h"
+#include "probe/pluginapplication.h"
+#include "probe/probeprocess.h"
 #include "resourcescommand.h"
+#include "terminal/terminal.h"
+#include "terminal/text.h"
 
 #include <QCoreApplication>
 
@@ -53,14 +54,14 @@ static int runCommand(const QString &name, const QStringList &arguments)
 static std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
 {
     if (argc > 1 && QLatin1String(argv[1]) == QLatin1String(resourcesHelp.name))
-        return makePluginApplication(argc, argv);
+        return NARV::PROBE::makePluginApplication(argc, argv);
     return std::make_unique<QCoreApplication>(argc, argv);
 }
 
 int main(int argc, char **argv)
 {
-    if (argc > 1 && QLatin1String(argv[1]) == probeCommand)
-        return runProbe(argc, argv);
+    if (argc > 1 && QLatin1String(argv[1]) == NARV::PROBE::probeCommand)
+        return runPluginProbe(argc, argv);
     const auto app = makeApplication(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.isEmpty())

@@ -1,7 +1,7 @@
 #include "resourcescommand.h"
 
-#include "output/terminal.h"
-#include "output/text.h"
+#include "terminal/terminal.h"
+#include "terminal/text.h"
 
 #include <NARV/INTERNAL/PluginLoader>
 #include <NARV/INTERNAL/WidgetLibraryPluginData>

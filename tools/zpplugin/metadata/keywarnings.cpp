@@ -1,6 +1,6 @@
 #include "metadata/keywarnings.h"
 
-#include "output/text.h"
+#include "terminal/text.h"
 
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
 

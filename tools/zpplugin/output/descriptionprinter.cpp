@@ -1,6 +1,6 @@
 #include "output/descriptionprinter.h"
 
-#include "output/text.h"
+#include "terminal/text.h"
 
 #include <QJsonArray>
 

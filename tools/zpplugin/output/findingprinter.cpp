@@ -1,7 +1,7 @@
 #include "output/findingprinter.h"
 
 #include "metadata/textposition.h"
-#include "output/text.h"
+#include "terminal/text.h"
 
 namespace ZPPluginTool {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "metadata/finding.h"
-#include "output/terminal.h"
+#include "terminal/terminal.h"
 
 namespace ZPPluginTool {
 

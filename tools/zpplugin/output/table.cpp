@@ -1,6 +1,6 @@
 #include "output/table.h"
 
-#include "output/text.h"
+#include "terminal/text.h"
 
 #include <numeric>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/terminal.h"
+#include "terminal/terminal.h"
 
 #include <QStringList>
 #include <QVector>

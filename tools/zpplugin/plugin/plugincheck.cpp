@@ -3,8 +3,8 @@
 #include "metadata/metadatafindings.h"
 #include "plugin/contentfindings.h"
 #include "plugin/descriptionjson.h"
-#include "plugin/libraryfile.h"
 #include "plugin/unresolvedsymbols.h"
+#include "probe/libraryfile.h"
 
 #include <NARV/INTERNAL/PluginPlatform>
 
@@ -17,10 +17,11 @@ namespace ZPPluginTool {
 
 using Key = QLatin1String;
 using NARV::INTERNAL::PluginPlatform;
+using NARV::PROBE::LibraryFile;
 
 PluginCheck::PluginCheck(const QString &path, int seconds)
     : m_path(path)
-    , m_probe(Probe({path, ownLanguage, seconds, true}).run())
+    , m_probe(inspectPlugin(path, ownLanguage, seconds))
     , m_libraryPath(m_probe.values.value(Key("libraryPath")).toString())
 {
     fillPassport();

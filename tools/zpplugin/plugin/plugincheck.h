@@ -1,7 +1,7 @@
 #pragma once
 
 #include "metadata/finding.h"
-#include "plugin/probe.h"
+#include "plugin/probecommand.h"
 
 #include <QPair>
 
@@ -31,7 +31,7 @@ private:
     void add(const Findings &findings, const QString &file);
 
     QString m_path;
-    ProbeResult m_probe;
+    NARV::PROBE::ProbeResult m_probe;
     QString m_libraryPath;
     QVector<QPair<QString, QString>> m_passport;
     Findings m_findings;

@@ -1,41 +1,47 @@
 #include "plugin/probecommand.h"
 
-#include "commandline.h"
 #include "plugin/descriptionjson.h"
 #include "plugin/inspection.h"
-#include "plugin/pluginapplication.h"
-#include "plugin/probereport.h"
-#include "system.h"
+#include "probe/probeprocess.h"
+#include "probe/probereport.h"
 
 #include <NARV/INTERNAL/PluginLoader>
-#include <NARV/INTERNAL/PluginPlatform>
 #include <NARV/INTERNAL/WidgetLibraryPluginData>
-#include <NARV/LogHandler>
 
-#include <QApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QPluginLoader>
+#include <QCoreApplication>
 
 namespace ZPPluginTool {
 
 using NARV::INTERNAL::PluginLoader;
 using NARV::INTERNAL::WidgetLibraryPluginData;
+using NARV::PROBE::ProbeReport;
+using NARV::PROBE::ProbeResult;
 
-//! How much longer than allowed the process lives if nobody ends it.
-static const int patienceSeconds = 5;
+static const QLatin1String inspectDetail("inspect");
 
-//! Loads the plugin as a host does; null, and a log record, if that fails.
-static const WidgetLibraryPluginData *load(PluginLoader &loader, const QString &path)
+static ProbeResult probe(const QString &path, int seconds, const QStringList &details)
 {
-    const bool ok = QFileInfo(path).isDir() ? loader.loadFromPluginDir(path)
-                                            : loader.loadFromPluginPath(path, {});
-    return ok ? loader.pluginData().first()->toWidgetLibraryPluginData() : nullptr;
+    return NARV::PROBE::Probe({QCoreApplication::applicationFilePath(), {}, path, seconds, details})
+        .run();
 }
 
-static void inspect(PluginLoader &loader, const WidgetLibraryPluginData &plugin,
-                    ProbeReport &report)
+ProbeResult describePlugin(const QString &path, const QString &language, int seconds)
 {
+    return probe(path, seconds, {language});
+}
+
+ProbeResult inspectPlugin(const QString &path, const QString &language, int seconds)
+{
+    return probe(path, seconds, {language, inspectDetail});
+}
+
+static void examine(PluginLoader &loader, const WidgetLibraryPluginData &plugin,
+                    const QStringList &details, ProbeReport &report)
+{
+    report.value(QStringLiteral("description"),
+                 descriptionToJson(*plugin.metaInformation(), details.value(0)));
+    if (!details.contains(inspectDetail))
+        return;
     report.stage(QStringLiteral("running its load functions"));
     loader.init();
     report.stage(QStringLiteral("inspecting it"));
@@ -43,50 +49,9 @@ static void inspect(PluginLoader &loader, const WidgetLibraryPluginData &plugin,
     report.value(QStringLiteral("translations"), translations(*plugin.metaInformation()));
 }
 
-static void probe(const QStringList &arguments, ProbeReport &report)
+int runPluginProbe(int argc, char **argv)
 {
-    PluginLoader loader;
-    report.stage(QStringLiteral("loading"));
-    const WidgetLibraryPluginData *plugin = load(loader, arguments[0]);
-    if (!plugin)
-        return;
-    report.value(QStringLiteral("loadingTimeMs"), plugin->loadingTimeMs());
-    report.value(QStringLiteral("description"),
-                 descriptionToJson(*plugin->metaInformation(), arguments[1]));
-    if (arguments.value(3) == QLatin1String("inspect"))
-        inspect(loader, *plugin, report);
-    report.stage(QStringLiteral("unloading"));
-    loader.unload();
-}
-
-//! The path of the library that the loader loads.
-static QString libraryPath(const QString &path)
-{
-    const QDir folder(path);
-    const QString id = QDir(folder.absolutePath()).dirName();
-    return folder.exists()
-               ? NARV::INTERNAL::PluginPlatform::running().libraryPath(folder.absolutePath(), id)
-               : QFileInfo(path).absoluteFilePath();
-}
-
-int runProbe(int argc, char **argv)
-{
-    ProbeReport report;
-    const auto app = makePluginApplication(argc, argv);
-    const QStringList arguments = QApplication::arguments().mid(2);
-    if (arguments.size() < 3)
-        return WrongUsage;
-    limitThisProcess(arguments[2].toInt() + patienceSeconds);
-    NARV::narvSetLogMessagePattern(QStringLiteral("%{MESSAGE}"));
-    NARV::narvInstallLogMessageHandlerPrivate(&ProbeReport::log, &report);
-    const QString path = libraryPath(arguments[0]);
-    report.stage(QStringLiteral("reading its metadata"));
-    report.value(QStringLiteral("libraryPath"), path);
-    report.value(QStringLiteral("metaData"), QPluginLoader(path).metaData());
-    probe(arguments, report);
-    NARV::narvUninstallLogMessageHandlerPrivate();
-    report.value(QStringLiteral("isFinished"), true);
-    return Fine;
+    return NARV::PROBE::runProbe(argc, argv, examine);
 }
 
 } // namespace ZPPluginTool

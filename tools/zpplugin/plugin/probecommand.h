@@ -1,15 +1,16 @@
 #pragma once
 
-#include <QLatin1String>
+#include "probe/probe.h"
 
 namespace ZPPluginTool {
 
-//! The name of the hidden sub-command that loads a plugin in a process of its own.
-const QLatin1String probeCommand("probe-plugin");
+//! Loads the plugin in a process of its own; finds out its "description" with the texts in that
+//! language, as descriptionToJson() writes it.
+NARV::PROBE::ProbeResult describePlugin(const QString &path, const QString &language, int seconds);
+//! The same, and runs the plugin's load functions to see its "registrations" and "translations".
+NARV::PROBE::ProbeResult inspectPlugin(const QString &path, const QString &language, int seconds);
 
-//! Runs that sub-command: "probe-plugin FOLDER|LIBRARY LANGUAGE SECONDS [inspect]". Reports on
-//! standard output what it finds, with the texts in that language; with "inspect" also what the
-//! plugin's code does.
-int runProbe(int argc, char **argv);
+//! What that process runs: the hidden sub-command.
+int runPluginProbe(int argc, char **argv);
 
 } // namespace ZPPluginTool

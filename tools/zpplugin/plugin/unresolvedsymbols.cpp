@@ -1,6 +1,6 @@
 #include "plugin/unresolvedsymbols.h"
 
-#include "system.h"
+#include "probe/process.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -8,20 +8,6 @@
 #include <QRegularExpression>
 
 namespace ZPPluginTool {
-
-QString demangledText(const QString &text)
-{
-    static const QRegularExpression symbol(QStringLiteral("\\b_Z\\w+"));
-    QString result;
-    int end = 0;
-    auto matches = symbol.globalMatch(text);
-    while (matches.hasNext()) {
-        const QRegularExpressionMatch match = matches.next();
-        result += text.mid(end, match.capturedStart() - end) + demangled(match.captured());
-        end = match.capturedEnd();
-    }
-    return result + text.mid(end);
-}
 
 //! What the dynamic linker complains of when this program is to run with the library loaded. The
 //! path may not have blanks or colons, which separate the paths of a list.
@@ -60,7 +46,7 @@ QStringList unresolvedSymbols(const QString &libraryPath, int seconds)
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
         if (match.captured(2) == path)
-            result += demangled(match.captured(1));
+            result += NARV::PROBE::demangled(match.captured(1));
     }
     result.removeDuplicates();
     return result;

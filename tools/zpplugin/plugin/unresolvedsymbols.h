@@ -9,7 +9,4 @@ namespace ZPPluginTool {
 //! answer is empty where the linker can not be asked (it can on Linux with the GNU C library).
 QStringList unresolvedSymbols(const QString &libraryPath, int seconds);
 
-//! The text with the C++ symbols in it as the author wrote them.
-QString demangledText(const QString &text);
-
 } // namespace ZPPluginTool

@@ -1,0 +1,118 @@
+#include "data/alarmspanel.h"
+
+#include "data/alarmeditor.h"
+#include "data/tagtable.h"
+#include "data/testdata.h"
+#include "window/icons.h"
+
+#include <QHeaderView>
+#include <QMenu>
+#include <QTableView>
+#include <QToolButton>
+
+namespace NARV::DEV {
+
+//! The buttons that act on the current alarm; names are those of icons.
+static const struct
+{
+    const char *name;
+    const char *text;
+    AlarmAction action;
+} actionButtons[] = {
+    {"alarm", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Raise"), AlarmAction::Raise},
+    {"clear", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Clear"), AlarmAction::Clear},
+    {"acknowledge", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Acknowledge"),
+     AlarmAction::Acknowledge},
+    {"reset", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Reset"), AlarmAction::Reset}};
+
+AlarmsPanel::AlarmsPanel(TestData &testData)
+    : DataPanel(testData.alarms(), QStringLiteral("alarms"), tr("Alarms"))
+    , m_data(testData)
+    , m_editor(new AlarmEditor)
+{
+    addActionButtons();
+    addEditButtons();
+    setDetails(m_editor);
+    table().horizontalHeader()->resizeSection(AlarmTable::StateColumn, 180);
+    table().horizontalHeader()->resizeSection(AlarmTable::SeverityColumn, 80);
+    connect(m_editor, &AlarmEditor::edited, this, [this](const Alarm &alarm) {
+        if (currentRow() >= 0)
+            m_data.alarms().edit(currentRow(), alarm);
+    });
+    connect(&testData.alarms(), &AlarmTable::refused, this, &AlarmsPanel::showMessage);
+    const auto setTags = [this] { m_editor->setTags(m_data.tags().names()); };
+    connect(&testData, &TestData::tagsChanged, this, setTags);
+    setTags();
+    setCurrentRow(0);
+}
+
+AlarmsPanel::~AlarmsPanel() = default;
+
+void AlarmsPanel::addActionButtons()
+{
+    for (const auto &entry : actionButtons)
+        addButton(QLatin1String(entry.name), tr(entry.text),
+                  [this, action = entry.action] { m_data.alarms().apply(currentRow(), action); });
+    button(QStringLiteral("alarm"))->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    addMenu();
+    addGap();
+}
+
+void AlarmsPanel::addMenu()
+{
+    auto *more = addButton(QStringLiteral("more"), tr("More"), [] {});
+    auto *menu = new QMenu(more);
+    menu->addAction(tr("Acknowledge &all"), this, [this] { m_data.alarms().acknowledgeAll(); });
+    menu->addAction(tr("&Reset all"), this, [this] { m_data.alarms().resetAll(); });
+    menu->addAction(tr("&Switch off or on"), this, [this] { toggleEnabled(); });
+    QAction *duplicate = menu->addAction(benchIcon(QStringLiteral("duplicate")), tr("&Duplicate"),
+                                         this, [this] { duplicateAlarm(); });
+    duplicate->setShortcut(Qt::CTRL + Qt::Key_D);
+    duplicate->setShortcutContext(Qt::WidgetShortcut);
+    table().addAction(duplicate);
+    more->setMenu(menu);
+    more->setPopupMode(QToolButton::InstantPopup);
+}
+
+void AlarmsPanel::addEditButtons()
+{
+    addButton(
+        QStringLiteral("add"), tr("Add alarm"), [this] { addAlarm(); }, Qt::Key_Insert);
+    addButton(
+        QStringLiteral("remove"), tr("Remove alarm"),
+        [this] { m_data.alarms().remove(currentRow()); }, QKeySequence::Delete);
+}
+
+void AlarmsPanel::showCurrent()
+{
+    const int row = currentRow();
+    for (const auto &entry : actionButtons)
+        button(QLatin1String(entry.name))
+            ->setEnabled(row >= 0 && m_data.alarms().isPossible(row, entry.action));
+    button(QStringLiteral("remove"))->setEnabled(row >= 0);
+    m_editor->setVisible(row >= 0);
+    if (row >= 0)
+        m_editor->show(m_data.alarms().alarm(row));
+}
+
+void AlarmsPanel::addAlarm()
+{
+    setCurrentRow(m_data.alarms().add(defaultAlarm(tr("alarm 1"))));
+    table().setFocus();
+    table().edit(table().currentIndex());
+}
+
+void AlarmsPanel::duplicateAlarm()
+{
+    if (currentRow() >= 0)
+        setCurrentRow(m_data.alarms().duplicate(currentRow()));
+}
+
+void AlarmsPanel::toggleEnabled()
+{
+    const int row = currentRow();
+    if (row >= 0 && !m_data.alarms().apply(row, AlarmAction::Enable))
+        m_data.alarms().apply(row, AlarmAction::Disable);
+}
+
+} // namespace NARV::DEV

@@ -1,0 +1,172 @@
+#include "data/datapanel.h"
+
+#include "data/choicedelegate.h"
+#include "window/icons.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QSortFilterProxyModel>
+#include <QSplitter>
+#include <QTableView>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace NARV::DEV {
+
+static constexpr int messageTime = 6000;
+
+DataPanel::DataPanel(QAbstractItemModel &model, const QString &name, const QString &title)
+    : m_bar(new QHBoxLayout)
+    , m_splitter(new QSplitter(Qt::Vertical))
+    , m_proxy(new QSortFilterProxyModel(this))
+    , m_table(new QTableView)
+    , m_message(new QLabel)
+    , m_messageTimer(new QTimer(this))
+{
+    setObjectName(name);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->setSpacing(4);
+    layout->addLayout(m_bar);
+    layout->addWidget(m_splitter, 1);
+    layout->addWidget(m_message);
+    m_bar->setSpacing(1);
+    m_splitter->setChildrenCollapsible(false);
+    m_message->setObjectName(name + QLatin1String("Message"));
+    m_message->setWordWrap(true);
+    m_message->hide();
+    m_messageTimer->setSingleShot(true);
+    connect(m_messageTimer, &QTimer::timeout, m_message, &QWidget::hide);
+    buildTable(model, title);
+}
+
+DataPanel::~DataPanel() = default;
+
+void DataPanel::buildTable(QAbstractItemModel &model, const QString &title)
+{
+    auto *side = new QWidget;
+    auto *layout = new QVBoxLayout(side);
+    layout->setContentsMargins({});
+    layout->setSpacing(4);
+    auto *filter = new QLineEdit;
+    filter->setObjectName(objectName() + QLatin1String("Filter"));
+    filter->setPlaceholderText(tr("Filter"));
+    filter->setAccessibleName(tr("Filter: %1").arg(title));
+    filter->setClearButtonEnabled(true);
+    layout->addWidget(filter);
+    layout->addWidget(m_table);
+    m_splitter->addWidget(side);
+
+    m_proxy->setSourceModel(&model);
+    m_proxy->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    connect(filter, &QLineEdit::textChanged, m_proxy, &QSortFilterProxyModel::setFilterFixedString);
+    m_table->setObjectName(objectName() + QLatin1String("Table"));
+    m_table->setAccessibleName(title);
+    m_table->setModel(m_proxy);
+    m_table->setItemDelegate(new ChoiceDelegate(m_table));
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setTabKeyNavigation(false);
+    m_table->setWordWrap(false);
+    m_table->setAlternatingRowColors(true);
+    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_table->setMinimumHeight(70);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setHighlightSections(false);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { showCurrent(); });
+    connect(&model, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex &first, const QModelIndex &last) {
+                rowsChanged(first.row(), last.row());
+            });
+    connect(m_proxy, &QAbstractItemModel::modelReset, this, [this] { setCurrentRow(0); });
+    connect(m_proxy, &QAbstractItemModel::rowsRemoved, this, [this] { showCurrent(); });
+}
+
+void DataPanel::rowsChanged(int first, int last)
+{
+    const int row = currentRow();
+    if (row >= first && row <= last)
+        showCurrent();
+}
+
+int DataPanel::currentRow() const
+{
+    return m_proxy->mapToSource(m_table->currentIndex()).row();
+}
+
+void DataPanel::setCurrentRow(int row)
+{
+    const QModelIndex index = m_proxy->mapFromSource(m_proxy->sourceModel()->index(row, 0));
+    m_table->setCurrentIndex(index);
+    m_table->scrollTo(index);
+    showCurrent();
+}
+
+QToolButton *DataPanel::addButton(const QString &name, const QString &text,
+                                  const std::function<void()> &act, const QKeySequence &key)
+{
+    auto *button = new QToolButton;
+    button->setObjectName(objectName() + QLatin1Char('.') + name);
+    button->setIcon(benchIcon(name));
+    button->setText(text);
+    button->setAccessibleName(text);
+    button->setToolTip(key.isEmpty() ? text
+                                     : QStringLiteral("%1 (%2)").arg(
+                                           text, key.toString(QKeySequence::NativeText)));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    connect(button, &QToolButton::clicked, this, act);
+    if (!key.isEmpty())
+        connect(new QShortcut(key, m_table, nullptr, nullptr, Qt::WidgetShortcut),
+                &QShortcut::activated, button, &QToolButton::click);
+    m_buttons.insert(name, button);
+    m_bar->addWidget(button);
+    return button;
+}
+
+void DataPanel::addGap()
+{
+    m_bar->addStretch(1);
+}
+
+void DataPanel::setDetails(QWidget *details)
+{
+    auto *area = new QScrollArea;
+    area->setObjectName(objectName() + QLatin1String("Details"));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(details);
+    area->setMinimumHeight(70);
+    m_splitter->addWidget(area);
+    m_splitter->setStretchFactor(0, 3);
+    m_splitter->setStretchFactor(1, 2);
+}
+
+void DataPanel::showMessage(const QString &text)
+{
+    m_message->setText(text);
+    m_message->setVisible(!text.isEmpty());
+    m_messageTimer->start(messageTime);
+}
+
+void DataPanel::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const bool isWide = width() > 560 && width() > height();
+    const auto orientation = isWide ? Qt::Horizontal : Qt::Vertical;
+    if (m_splitter->orientation() == orientation)
+        return;
+    m_splitter->setOrientation(orientation);
+    m_splitter->setSizes({3000, 2000});
+}
+
+} // namespace NARV::DEV

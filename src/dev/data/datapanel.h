@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QHash>
+#include <QWidget>
+
+#include <zpplugin_dev_export.h>
+
+#include <functional>
+
+class QAbstractItemModel;
+class QBoxLayout;
+class QLabel;
+class QSortFilterProxyModel;
+class QSplitter;
+class QTableView;
+class QTimer;
+class QToolButton;
+
+namespace NARV::DEV {
+
+//! What the panels of the test data have in common: a row of buttons, a table of a model with a
+//! filter, beside or above it what belongs to the current row, and a line for messages.
+class ZPPLUGIN_DEV_EXPORT DataPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    //! The table's current row, in the model; -1 for none.
+    int currentRow() const;
+    void setCurrentRow(int row);
+
+protected:
+    //! The model has to outlive the panel. The name is the panel's object name and the beginning of
+    //! those of its parts.
+    DataPanel(QAbstractItemModel &model, const QString &name, const QString &title);
+    ~DataPanel() override;
+
+    QTableView &table() { return *m_table; }
+    //! Its name is that of its icon.
+    QToolButton *addButton(const QString &name, const QString &text,
+                           const std::function<void()> &act, const QKeySequence &key = {});
+    QToolButton *button(const QString &name) const { return m_buttons.value(name); }
+    void addGap();
+    //! What belongs to the current row; the panel owns it.
+    void setDetails(QWidget *details);
+    //! For a few seconds.
+    void showMessage(const QString &text);
+    //! Another row is current, or has changed.
+    virtual void showCurrent() = 0;
+
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void buildTable(QAbstractItemModel &model, const QString &title);
+    void rowsChanged(int first, int last);
+
+    QHash<QString, QToolButton *> m_buttons;
+    QBoxLayout *m_bar;
+    QSplitter *m_splitter;
+    QSortFilterProxyModel *m_proxy;
+    QTableView *m_table;
+    QLabel *m_message;
+    QTimer *m_messageTimer;
+};
+
+} // namespace NARV::DEV

@@ -1,0 +1,106 @@
+#include "data/scenariopanel.h"
+
+#include "data/scenario.h"
+#include "data/scenarioplayer.h"
+#include "data/tagtable.h"
+#include "data/testdata.h"
+#include "window/icons.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace NARV::DEV {
+
+ScenarioPanel::ScenarioPanel(TestData &testData)
+    : m_data(testData)
+    , m_tags(new QComboBox)
+    , m_list(new QListWidget)
+    , m_description(new QLabel)
+    , m_run(new QPushButton(benchIcon(QStringLiteral("play")), tr("&Run")))
+    , m_restore(new QPushButton(benchIcon(QStringLiteral("undo")), tr("Back to &normal")))
+{
+    buildLayout();
+    fillTags();
+    fillScenarios();
+    m_restore->setEnabled(testData.scenarios().isActive());
+    connect(&testData, &TestData::tagsChanged, this, &ScenarioPanel::fillTags);
+    connect(m_list, &QListWidget::currentRowChanged, this, &ScenarioPanel::showScenario);
+    connect(m_list, &QListWidget::itemActivated, this, &ScenarioPanel::run);
+    connect(m_run, &QPushButton::clicked, this, &ScenarioPanel::run);
+    connect(m_restore, &QPushButton::clicked, &testData.scenarios(), &ScenarioPlayer::restore);
+    connect(&testData.scenarios(), &ScenarioPlayer::activeChanged, this,
+            [this] { m_restore->setEnabled(m_data.scenarios().isActive()); });
+    showScenario();
+}
+
+ScenarioPanel::~ScenarioPanel() = default;
+
+void ScenarioPanel::buildLayout()
+{
+    setObjectName(QStringLiteral("scenarios"));
+    m_tags->setObjectName(QStringLiteral("scenarioTags"));
+    m_tags->setAccessibleName(tr("Tags that a scenario is for"));
+    m_tags->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_list->setObjectName(QStringLiteral("scenarioList"));
+    m_list->setAccessibleName(tr("Scenarios"));
+    m_list->setTabKeyNavigation(false);
+    m_description->setObjectName(QStringLiteral("scenarioDescription"));
+    m_description->setWordWrap(true);
+    m_run->setObjectName(QStringLiteral("scenarioRun"));
+    m_restore->setObjectName(QStringLiteral("scenarioRestore"));
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(m_run);
+    buttons->addWidget(m_restore);
+    buttons->addStretch(1);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->setSpacing(4);
+    layout->addWidget(m_tags);
+    layout->addWidget(m_list, 1);
+    layout->addWidget(m_description);
+    layout->addLayout(buttons);
+}
+
+void ScenarioPanel::fillTags()
+{
+    const QString chosen = m_tags->currentIndex() > 0 ? m_tags->currentText() : QString();
+    m_tags->clear();
+    m_tags->addItem(tr("All tags"));
+    m_tags->addItems(m_data.tags().names());
+    m_tags->setCurrentIndex(chosen.isEmpty() ? 0 : qMax(0, m_tags->findText(chosen)));
+}
+
+void ScenarioPanel::fillScenarios()
+{
+    for (const Scenario &scenario : scenarios()) {
+        auto *item = new QListWidgetItem(scenario.title(), m_list);
+        item->setToolTip(scenario.description());
+    }
+    m_list->setCurrentRow(0);
+}
+
+void ScenarioPanel::showScenario()
+{
+    const Scenario &scenario = scenarios().at(qMax(0, m_list->currentRow()));
+    m_description->setText(scenario.description());
+    m_tags->setEnabled(scenario.isForTags);
+}
+
+void ScenarioPanel::run()
+{
+    const Scenario &scenario = scenarios().at(qMax(0, m_list->currentRow()));
+    const bool isForOne = scenario.isForTags && m_tags->currentIndex() > 0;
+    const QStringList tags = isForOne ? QStringList{m_tags->currentText()} : QStringList();
+    const int count = scenario.run(m_data, tags);
+    const QString touched =
+        scenario.isForTags ? tr("%n tag(s)", nullptr, count) : tr("%n alarm(s)", nullptr, count);
+    m_description->setText(count > 0 ? tr("%1: done to %2.").arg(scenario.title(), touched)
+                                     : tr("%1: there is nothing it is for.").arg(scenario.title()));
+}
+
+} // namespace NARV::DEV

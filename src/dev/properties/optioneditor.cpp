@@ -1,0 +1,45 @@
+#include "properties/optioneditor.h"
+
+#include <QComboBox>
+#include <QVBoxLayout>
+
+namespace NARV::DEV {
+
+OptionEditor::OptionEditor(QWidget *parent)
+    : PropertyEditor(parent)
+    , m_box(new QComboBox(this))
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_box);
+    m_box->setAccessibleName(tr("Choice"));
+    m_box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_box->setMinimumContentsLength(1);
+    setFocusProxy(m_box);
+    connect(m_box, QOverload<int>::of(&QComboBox::activated), this, &OptionEditor::take);
+}
+
+void OptionEditor::setKind(const ValueKind &kind)
+{
+    m_box->clear();
+    for (const Choice &choice : kind.choices)
+        m_box->addItem(choice.text, choice.value);
+}
+
+QVariant OptionEditor::value() const
+{
+    return m_box->currentData();
+}
+
+void OptionEditor::setValue(const QVariant &value)
+{
+    int position = m_box->findData(value);
+    if (position < 0) {
+        m_box->addItem(value.toString(), value);
+        position = m_box->count() - 1;
+    }
+    m_box->setCurrentIndex(position);
+    setModified(false);
+}
+
+} // namespace NARV::DEV

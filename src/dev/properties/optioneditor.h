@@ -1,0 +1,25 @@
+#pragma once
+
+#include "properties/propertyeditor.h"
+
+class QComboBox;
+
+namespace NARV::DEV {
+
+//! One of the choices of its kind, by text. A value that is none of them is kept and shown.
+class OptionEditor : public PropertyEditor
+{
+    Q_OBJECT
+
+public:
+    explicit OptionEditor(QWidget *parent);
+
+    void setKind(const ValueKind &kind) override;
+    QVariant value() const override;
+    void setValue(const QVariant &value) override;
+
+private:
+    QComboBox *m_box;
+};
+
+} // namespace NARV::DEV

@@ -1,0 +1,187 @@
+#include "properties/propertypanel.h"
+
+#include "properties/propertyview.h"
+#include "properties/sceneproperties.h"
+#include "window/icons.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStackedLayout>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace NARV::DEV {
+
+static constexpr int infoLines = 4;
+static constexpr int pageWithTree = 0;
+static constexpr int emptyPage = 1;
+
+PropertyPanel::PropertyPanel(SceneDocument &document, QWidget *parent)
+    : PropertyPanel(std::make_unique<SceneProperties>(document), parent)
+{
+}
+
+PropertyPanel::PropertyPanel(std::unique_ptr<PropertySource> source, QWidget *parent)
+    : PropertyPanel(*source, parent)
+{
+    m_ownSource = std::move(source);
+}
+
+PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
+    : QWidget(parent)
+    , m_source(source)
+    , m_model(source)
+    , m_name(new QLabel(this))
+    , m_kind(new QLabel(this))
+    , m_search(new QLineEdit(this))
+    , m_view(nullptr)
+    , m_pages(new QStackedLayout)
+    , m_info(new QLabel(this))
+{
+    m_filter.setSourceModel(&m_model);
+    m_view = new PropertyView(m_model, m_filter, this);
+    auto *tree = new QWidget(this);
+    auto *layout = new QVBoxLayout(tree);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->setSpacing(4);
+    layout->addWidget(m_name);
+    layout->addWidget(m_kind);
+    layout->addWidget(makeTools());
+    layout->addWidget(m_view, 1);
+    layout->addWidget(m_info);
+    m_pages->addWidget(tree);
+    m_pages->addWidget(makeEmptyState());
+    setLayout(m_pages);
+
+    QFont strong = m_name->font();
+    strong.setBold(true);
+    m_name->setFont(strong);
+    for (QLabel *label : {m_name, m_kind}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setMinimumWidth(0);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+    m_info->setObjectName(QStringLiteral("propertyInfo"));
+    m_info->setWordWrap(true);
+    m_info->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    m_info->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_info->setFixedHeight(infoLines * m_info->fontMetrics().lineSpacing());
+
+    connect(&m_model, &QAbstractItemModel::modelReset, this, &PropertyPanel::showWidget);
+    connect(&source, &PropertySource::geometryChanged, m_name,
+            [this] { m_name->setText(m_source.name()); });
+    connect(&m_model, &PropertyModel::notice, this,
+            [this](const QString &text) { say(text.toHtmlEscaped(), true); });
+    connect(m_view, &PropertyView::refused, this,
+            [this](const QString &text) { say(text.toHtmlEscaped(), true); });
+    connect(m_view, &PropertyView::currentRowChanged, this, &PropertyPanel::describe);
+    setFocusProxy(m_view);
+    showWidget();
+}
+
+QToolButton *PropertyPanel::addButton(const char *icon, const QString &name, bool isCheckable)
+{
+    auto *button = new QToolButton(this);
+    button->setIcon(benchIcon(QLatin1String(icon)));
+    button->setToolTip(name);
+    button->setAccessibleName(name);
+    button->setAutoRaise(true);
+    button->setCheckable(isCheckable);
+    button->setFocusPolicy(Qt::StrongFocus);
+    return button;
+}
+
+QWidget *PropertyPanel::makeTools()
+{
+    auto *tools = new QWidget(this);
+    auto *layout = new QHBoxLayout(tools);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    layout->addWidget(m_search, 1);
+    m_search->setObjectName(QStringLiteral("propertySearch"));
+    m_search->setPlaceholderText(tr("Search fields"));
+    m_search->setAccessibleName(m_search->placeholderText());
+    m_search->setClearButtonEnabled(true);
+    m_search->installEventFilter(this);
+    QToolButton *hidden = addButton("filter", tr("Show hidden fields"), true);
+    QToolButton *secret = addButton("lock", tr("Show private fields"), true);
+    QToolButton *reset = addButton("reset", tr("Reset all fields"), false);
+    hidden->setObjectName(QStringLiteral("showHidden"));
+    secret->setObjectName(QStringLiteral("showPrivate"));
+    reset->setObjectName(QStringLiteral("resetAll"));
+    for (QToolButton *button : {hidden, secret, reset})
+        layout->addWidget(button);
+    connect(m_search, &QLineEdit::textChanged, &m_filter, &PropertyFilter::setWords);
+    connect(hidden, &QToolButton::toggled, &m_filter, &PropertyFilter::setShowHidden);
+    connect(secret, &QToolButton::toggled, &m_model, &PropertyModel::setShowPrivate);
+    connect(reset, &QToolButton::clicked, this, [this] {
+        if (m_source.hasWidget())
+            m_source.resetAll();
+    });
+    return tools;
+}
+
+QWidget *PropertyPanel::makeEmptyState()
+{
+    auto *label = new QLabel(tr("Select a widget on the page to see and change its fields.\n\n"
+                                "To place one, double-click it in the palette."),
+                             this);
+    label->setObjectName(QStringLiteral("propertyEmptyState"));
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignCenter);
+    label->setMargin(16);
+    return label;
+}
+
+void PropertyPanel::showWidget()
+{
+    m_pages->setCurrentIndex(m_source.hasWidget() ? pageWithTree : emptyPage);
+    m_info->clear();
+    if (!m_source.hasWidget())
+        return;
+    const WidgetMetaInformation &widget = m_source.description();
+    m_name->setText(m_source.name());
+    m_kind->setText(widget.isValid() ? tr("%1, version %2")
+                                           .arg(widget.display().get(m_source.language(), true),
+                                                widget.version().version())
+                                     : tr("The open library does not have this widget"));
+    m_kind->setToolTip(widget.description().get(m_source.language(), true));
+}
+
+void PropertyPanel::describe(const QModelIndex &index)
+{
+    say(index.data(Qt::ToolTipRole).toString(), false);
+}
+
+void PropertyPanel::say(const QString &text, bool isProblem)
+{
+    m_info->setText(isProblem ? QStringLiteral("<b>⚠ %1</b>").arg(text) : text);
+    m_info->setAccessibleName(text);
+    m_info->setToolTip(text);
+}
+
+void PropertyPanel::search()
+{
+    m_search->setFocus();
+    m_search->selectAll();
+}
+
+void PropertyPanel::editField(const QString &fieldId)
+{
+    m_view->setFocus();
+    m_view->editValue(fieldId);
+}
+
+// From the line to search straight on to what it has found.
+bool PropertyPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Down)
+        return QWidget::eventFilter(watched, event);
+    m_view->setFocus();
+    return true;
+}
+
+} // namespace NARV::DEV

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "scene/authoredvalue.h"
+
+#include <QObject>
+#include <QPointF>
+#include <QSizeF>
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+
+#include <zpplugin_dev_export.h>
+
+namespace NARV::DEV {
+
+//! Where a widget is on the page.
+struct Geometry
+{
+    QPointF position;    //!< of the unrotated top left corner, in scene units
+    QSizeF size;         //!< in scene units
+    double rotation = 0; //!< degrees clockwise about the centre
+};
+
+//! A tag that can be bound to a field.
+struct TagName
+{
+    QString name;
+    INTERNAL::WidgetLibraryPluginMetaInformation::TagType type;
+};
+
+//! The widget that the property tree shows and edits. Writes can be undone where the source can.
+//!
+//! The id of a value is that of its field, or fontId() of a multi-language field. A value is as a
+//! person gives it: of a multi-language field the texts in all languages.
+class ZPPLUGIN_DEV_EXPORT PropertySource : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    //! False while there is no widget to show; then the rest is of no meaning.
+    virtual bool hasWidget() const = 0;
+    //! The name on the page.
+    virtual QString name() const = 0;
+    //! Invalid for a widget that the library does not have.
+    virtual const WidgetMetaInformation &description() const = 0;
+    //! The language of labels, and of the texts that the widget gets.
+    virtual QString language() const = 0;
+    //! Those in which a multi-language field is edited.
+    virtual QStringList languages() const = 0;
+
+    virtual QVariant value(const QString &id) const = 0;
+    //! What the widget itself holds; invalid for an unknown field.
+    virtual QVariant heldValue(const QString &fieldId) const = 0;
+    virtual QVariant defaultValue(const QString &id) const = 0;
+    virtual bool isChanged(const QString &id) const = 0;
+    //! The tag or trend bound to the field; empty for none.
+    virtual QString binding(const QString &fieldId) const = 0;
+    virtual Geometry geometry() const = 0;
+    virtual QVector<TagName> tags() const = 0;
+    virtual QStringList trends() const = 0;
+
+    virtual void setValue(const QString &id, const QVariant &value) = 0;
+    virtual void reset(const QString &id) = 0;
+    virtual void resetAll() = 0;
+    //! An empty name unbinds.
+    virtual void bind(const QString &fieldId, const QString &name) = 0;
+    virtual void setGeometry(const Geometry &geometry) = 0;
+
+Q_SIGNALS:
+    //! A value or a binding is another, whoever caused it.
+    void valueChanged(const QString &id);
+    void geometryChanged();
+    //! Another widget, another description or another language.
+    void replaced();
+};
+
+} // namespace NARV::DEV
+
+Q_DECLARE_METATYPE(NARV::DEV::Geometry)

@@ -1,0 +1,79 @@
+#include "scene/arrangement.h"
+
+#include "scene/handlegeometry.h"
+
+#include <algorithm>
+
+namespace NARV::DEV {
+
+static QPointF shift(const QRectF &from, const QRectF &to, Qt::AlignmentFlag alignment)
+{
+    switch (alignment) {
+    case Qt::AlignLeft:
+        return {to.left() - from.left(), 0};
+    case Qt::AlignHCenter:
+        return {to.center().x() - from.center().x(), 0};
+    case Qt::AlignRight:
+        return {to.right() - from.right(), 0};
+    case Qt::AlignTop:
+        return {0, to.top() - from.top()};
+    case Qt::AlignVCenter:
+        return {0, to.center().y() - from.center().y()};
+    case Qt::AlignBottom:
+        return {0, to.bottom() - from.bottom()};
+    default:
+        return {};
+    }
+}
+
+QList<WidgetState> aligned(QList<WidgetState> states, Qt::AlignmentFlag alignment)
+{
+    QRectF all;
+    for (const WidgetState &state : qAsConst(states))
+        all |= cornersOf(state).boundingRect();
+    for (WidgetState &state : states)
+        state.position += shift(cornersOf(state).boundingRect(), all, alignment);
+    return states;
+}
+
+QList<WidgetState> inRows(QList<WidgetState> states, double width, QSizeF &room)
+{
+    static const double gap = 16;
+    QPointF next(gap, gap);
+    room = QSizeF(gap, gap);
+    for (WidgetState &state : states) {
+        if (next.x() > gap && next.x() + state.size.width() + gap > width)
+            next = QPointF(gap, room.height());
+        state.position = next;
+        next.rx() += state.size.width() + gap;
+        room = room.expandedTo(QSizeF(next.x(), next.y() + state.size.height() + gap));
+    }
+    return states;
+}
+
+//! Moves each of them one place up, past one that stays.
+static void raise(QStringList &names, const QStringList &moved)
+{
+    for (int i = names.size() - 2; i >= 0; --i) {
+        if (moved.contains(names[i]) && !moved.contains(names[i + 1]))
+            names.swapItemsAt(i, i + 1);
+    }
+}
+
+QStringList restacked(const QStringList &names, const QStringList &moved, Stacking where)
+{
+    QStringList order = names;
+    const auto isMoved = [&](const QString &name) { return moved.contains(name); };
+    const bool isDownward = where == Stacking::Down || where == Stacking::ToBottom;
+    if (isDownward)
+        std::reverse(order.begin(), order.end());
+    if (where == Stacking::Up || where == Stacking::Down)
+        raise(order, moved);
+    else
+        std::stable_partition(order.begin(), order.end(), std::not_fn(isMoved));
+    if (isDownward)
+        std::reverse(order.begin(), order.end());
+    return order;
+}
+
+} // namespace NARV::DEV

@@ -1,0 +1,456 @@
+#include "scene/scenedocument.h"
+
+#include "console/eventlog.h"
+#include "data/testdata.h"
+#include "scene/gesturemonitor.h"
+#include "scene/sceneactionmanager.h"
+#include "scene/scenecommand.h"
+#include "session/pluginsession.h"
+
+#include <NARV/AlarmInfo>
+#include <NARV/GraphicsObject>
+
+#include <QGraphicsScene>
+#include <QMetaEnum>
+
+#include <algorithm>
+
+namespace NARV::DEV {
+
+using StackedState = SceneDocument::StackedState;
+
+SceneDocument::SceneDocument(PluginSession &session, TestData &data, EventLog &events,
+                             QObject *parent)
+    : QObject(parent)
+    , m_session(session)
+    , m_data(data)
+    , m_events(events)
+    , m_scene(std::make_unique<QGraphicsScene>())
+    , m_gestureMonitor(std::make_unique<GestureMonitor>())
+    , m_actionManager(std::make_unique<SceneActionManager>(*this))
+    , m_language(QStringLiteral("en-US"))
+{
+    m_scene->addItem(m_gestureMonitor.get());
+    m_tagTimer.setSingleShot(true);
+    connect(&m_tagTimer, &QTimer::timeout, this, &SceneDocument::deliverPending);
+    connect(&session, &PluginSession::aboutToUnload, this, &SceneDocument::forgetLibrary);
+    connect(&session, &PluginSession::loaded, this, &SceneDocument::makeWidgets);
+    connect(&data, &TestData::tagChanged, this, &SceneDocument::queueTag);
+    connect(&data, &TestData::alarmChanged, this, &SceneDocument::deliverAlarm);
+    connect(&data, &TestData::modified, this, &SceneDocument::setModified);
+    connect(&m_undoStack, &QUndoStack::cleanChanged, this, &SceneDocument::modifiedChanged);
+    connect(m_gestureMonitor.get(), &GestureMonitor::reported, this,
+            [this](const QString &name, const GestureReport &report) {
+                m_events.add(EventLog::Kind::Gesture, name,
+                             report.name + QLatin1Char(' ') + report.state + QLatin1String(": ") +
+                                 report.values);
+            });
+    applyPage(m_page);
+}
+
+SceneDocument::~SceneDocument()
+{
+    m_undoStack.disconnect();
+    m_session.disconnect(this);
+    m_data.disconnect(this);
+    qDeleteAll(m_widgets);
+}
+
+// The widgets
+
+PlacedWidget *SceneDocument::currentWidget() const
+{
+    return m_selection.isEmpty() ? nullptr : m_selection.last();
+}
+
+void SceneDocument::select(const QList<PlacedWidget *> &widgets)
+{
+    if (m_selection == widgets)
+        return;
+    m_selection = widgets;
+    Q_EMIT selectionChanged();
+}
+
+PlacedWidget *SceneDocument::widgetAt(const QPointF &scenePosition) const
+{
+    const auto isThere = [&](PlacedWidget *widget) {
+        const QGraphicsObject *item = widget->shownItem();
+        return item && item->contains(item->mapFromScene(scenePosition));
+    };
+    const auto found = std::find_if(m_widgets.crbegin(), m_widgets.crend(), isThere);
+    return found == m_widgets.crend() ? nullptr : *found;
+}
+
+void SceneDocument::insert(const StackedState &stacked)
+{
+    auto *widget = new PlacedWidget(stacked.state, this);
+    const int position = qBound(0, stacked.position, m_widgets.size());
+    m_widgets.insert(position, widget);
+    m_byName.insert(widget->name(), widget);
+    connectWidget(*widget);
+    makeWidget(*widget);
+    restack();
+    Q_EMIT widgetAdded(widget);
+}
+
+void SceneDocument::take(const QString &name)
+{
+    PlacedWidget *widget = m_byName.value(name);
+    if (!widget)
+        return;
+    QList<PlacedWidget *> selected = m_selection;
+    selected.removeOne(widget);
+    select(selected);
+    Q_EMIT widgetAboutToBeRemoved(widget);
+    m_widgets.removeOne(widget);
+    m_byName.remove(name);
+    m_bindingsAreIndexed = false;
+    m_gestureMonitor->forget(widget->item());
+    m_events.add(EventLog::Kind::Life, name, tr("deleted"));
+    delete widget;
+    restack();
+}
+
+void SceneDocument::restack()
+{
+    for (int i = 0; i < m_widgets.size(); ++i)
+        m_widgets[i]->setStackingPosition(i);
+    Q_EMIT geometryChanged();
+}
+
+void SceneDocument::applyOrder(const QStringList &names)
+{
+    std::sort(m_widgets.begin(), m_widgets.end(), [&](PlacedWidget *a, PlacedWidget *b) {
+        return names.indexOf(a->name()) < names.indexOf(b->name());
+    });
+    restack();
+}
+
+void SceneDocument::applyPage(const Page &page)
+{
+    m_page = page;
+    m_scene->setSceneRect(QRectF(QPointF(), page.size));
+    Q_EMIT pageChanged();
+}
+
+//! The widget's id, with a number if there is one already.
+void SceneDocument::giveFreshNames(QList<WidgetState> &states) const
+{
+    QHash<QString, int> numbers; // by widget id, the last one tried
+    for (WidgetState &state : states) {
+        int &number = numbers[state.widgetId];
+        do {
+            ++number;
+            state.name = number == 1 ? state.widgetId
+                                     : QStringLiteral("%1 %2").arg(state.widgetId).arg(number);
+        } while (m_byName.contains(state.name));
+    }
+}
+
+// What can be undone
+
+PlacedWidget *SceneDocument::place(const QString &widgetId, const QString &version,
+                                   const QPointF &centre)
+{
+    const auto *library = m_session.library();
+    const WidgetMetaInformation description =
+        library ? library->widgets().value({widgetId, version}) : WidgetMetaInformation();
+    if (!description.isValid())
+        return nullptr;
+    WidgetState state = WidgetState::of(description);
+    state.position = centre - QPointF(state.size.width() / 2, state.size.height() / 2);
+    add({state}, {}, tr("Place %1").arg(widgetId));
+    return currentWidget();
+}
+
+void SceneDocument::add(QList<WidgetState> states, const QPointF &shift, const QString &text)
+{
+    if (states.isEmpty())
+        return;
+    giveFreshNames(states);
+    auto *command = new SceneCommand(*this, text);
+    int position = m_widgets.size();
+    for (WidgetState &state : states) {
+        state.position += shift;
+        command->changes.append({{}, StackedState{state, position++}});
+    }
+    m_undoStack.push(command);
+    QList<PlacedWidget *> added;
+    for (const WidgetState &state : qAsConst(states))
+        added += m_byName.value(state.name);
+    select(added);
+}
+
+void SceneDocument::remove(const QList<PlacedWidget *> &widgets)
+{
+    if (widgets.isEmpty())
+        return;
+    auto *command = new SceneCommand(
+        *this, widgets.size() == 1 ? tr("Delete %1").arg(widgets.first()->name())
+                                   : tr("Delete %n widget(s)", nullptr, widgets.size()));
+    for (int i = m_widgets.size() - 1; i >= 0; --i) {
+        if (widgets.contains(m_widgets[i]))
+            command->changes.append({StackedState{m_widgets[i]->state(), i}, {}});
+    }
+    m_undoStack.push(command);
+}
+
+void SceneDocument::changeState(PlacedWidget &widget, const WidgetState &after, const QString &text,
+                                const QString &mergeKey)
+{
+    auto *command = new SceneCommand(*this, text);
+    command->changes.append({StackedState{widget.state()}, StackedState{after}});
+    command->mergeKey = mergeKey;
+    m_undoStack.push(command);
+}
+
+void SceneDocument::setFieldValue(PlacedWidget &widget, const QString &fieldId,
+                                  const QVariant &value)
+{
+    if (isSameValue(widget.fieldValue(fieldId), value))
+        return;
+    WidgetState after = widget.state();
+    if (isSameValue(value, widget.defaultValue(fieldId)))
+        after.values.remove(fieldId);
+    else
+        after.values.insert(fieldId, value);
+    changeState(widget, after, tr("Set %1 of %2").arg(fieldId, widget.name()),
+                QLatin1String("field ") + widget.name() + QLatin1Char(' ') + fieldId);
+}
+
+void SceneDocument::resetField(PlacedWidget &widget, const QString &fieldId)
+{
+    WidgetState after = widget.state();
+    after.values.remove(fieldId);
+    after.bindings.remove(fieldId);
+    changeState(widget, after, tr("Reset %1 of %2").arg(fieldId, widget.name()));
+}
+
+void SceneDocument::resetAllFields(PlacedWidget &widget)
+{
+    WidgetState after = widget.state();
+    after.values.clear();
+    after.bindings.clear();
+    changeState(widget, after, tr("Reset %1").arg(widget.name()));
+}
+
+void SceneDocument::bind(PlacedWidget &widget, const QString &fieldId, const QString &name)
+{
+    WidgetState after = widget.state();
+    if (name.isEmpty())
+        after.bindings.remove(fieldId);
+    else
+        after.bindings.insert(fieldId, name);
+    changeState(
+        widget, after,
+        (name.isEmpty() ? tr("Unbind %1 of %2") : tr("Bind %1 of %2")).arg(fieldId, widget.name()));
+}
+
+void SceneDocument::setGeometry(PlacedWidget &widget, const QPointF &position, const QSizeF &size,
+                                double rotation)
+{
+    WidgetState after = widget.state();
+    after.position = position;
+    after.size = size;
+    after.rotation = rotation;
+    changeState(widget, after, tr("Move %1").arg(widget.name()),
+                QLatin1String("geometry ") + widget.name());
+}
+
+void SceneDocument::setGeometries(const QList<WidgetState> &states, const QString &text,
+                                  int mergeKey)
+{
+    auto *command = new SceneCommand(*this, text);
+    for (const WidgetState &state : states) {
+        if (const PlacedWidget *placed = widget(state.name))
+            command->changes.append({StackedState{placed->state()}, StackedState{state}});
+    }
+    if (mergeKey)
+        command->mergeKey = QStringLiteral("geometries %1").arg(mergeKey);
+    m_undoStack.push(command);
+}
+
+void SceneDocument::setPage(const Page &page)
+{
+    if (page == m_page)
+        return;
+    auto *command = new SceneCommand(*this, tr("Change the page"));
+    command->pageBefore = m_page;
+    command->pageAfter = page;
+    m_undoStack.push(command);
+}
+
+void SceneDocument::setPageSize(const QSizeF &size)
+{
+    Page page = m_page;
+    page.size = size;
+    setPage(page);
+}
+
+void SceneDocument::setOrder(const QStringList &names, const QString &text)
+{
+    auto *command = new SceneCommand(*this, text);
+    for (const PlacedWidget *widget : qAsConst(m_widgets))
+        command->orderBefore += widget->name();
+    command->orderAfter = names;
+    m_undoStack.push(command);
+}
+
+void SceneDocument::reset(const Page &page, const QList<WidgetState> &states)
+{
+    while (!m_widgets.isEmpty())
+        take(m_widgets.last()->name());
+    m_undoStack.clear();
+    applyPage(page);
+    for (const WidgetState &state : states)
+        insert({state, m_widgets.size()});
+    setUnmodified();
+}
+
+bool SceneDocument::isModified() const
+{
+    return m_dataIsModified || !m_undoStack.isClean();
+}
+
+void SceneDocument::setUnmodified()
+{
+    m_dataIsModified = false;
+    m_undoStack.setClean();
+    Q_EMIT modifiedChanged();
+}
+
+void SceneDocument::setModified()
+{
+    m_dataIsModified = true;
+    Q_EMIT modifiedChanged();
+}
+
+// The instances
+
+WidgetHost SceneDocument::host() const
+{
+    WidgetHost host;
+    host.library = m_session.library();
+    host.plugin = m_session.plugin();
+    host.actionManager = m_actionManager.get();
+    host.data = &m_data;
+    host.scene = m_scene.get();
+    host.language = m_language;
+    return host;
+}
+
+void SceneDocument::makeWidget(PlacedWidget &widget)
+{
+    m_gestureMonitor->forget(widget.item());
+    const QStringList problems = widget.make(host());
+    if (widget.item())
+        m_gestureMonitor->watch(widget.item(), widget.name());
+    m_events.add(EventLog::Kind::Life, widget.name(),
+                 widget.widget() ? tr("made and initialised") : tr("could not be made"));
+    for (const QString &problem : problems)
+        Q_EMIT notice(problem);
+    m_bindingsAreIndexed = false;
+}
+
+void SceneDocument::makeWidgets()
+{
+    for (PlacedWidget *widget : qAsConst(m_widgets))
+        makeWidget(*widget);
+    Q_EMIT geometryChanged();
+}
+
+// Without library, each widget becomes a placeholder.
+void SceneDocument::forgetLibrary()
+{
+    WidgetHost none = host();
+    none.library = nullptr;
+    none.plugin = nullptr;
+    for (PlacedWidget *widget : qAsConst(m_widgets)) {
+        m_gestureMonitor->forget(widget->item());
+        widget->make(none);
+    }
+}
+
+void SceneDocument::setMode(Mode mode)
+{
+    if (mode == m_mode)
+        return;
+    m_mode = mode;
+    makeWidgets();
+    Q_EMIT modeChanged();
+}
+
+void SceneDocument::setLanguage(const QString &code)
+{
+    if (code == m_language)
+        return;
+    m_language = code;
+    for (PlacedWidget *widget : qAsConst(m_widgets))
+        widget->setLanguage(code);
+    Q_EMIT languageChanged();
+}
+
+void SceneDocument::connectWidget(PlacedWidget &widget)
+{
+    connect(&widget, &PlacedWidget::geometryChanged, this, &SceneDocument::geometryChanged);
+    connect(&widget, &PlacedWidget::bindingsChanged, this,
+            [this] { m_bindingsAreIndexed = false; });
+    connect(&widget, &PlacedWidget::written, this,
+            [this, &widget](const QString &fieldId, const QVariant &value) {
+                m_events.add(EventLog::Kind::FieldWrite, widget.name(),
+                             fieldId + QLatin1String(" = ") + briefText(value));
+            });
+}
+
+// What the widgets hear of
+
+void SceneDocument::indexBindings()
+{
+    m_bindings.clear();
+    for (PlacedWidget *widget : qAsConst(m_widgets)) {
+        const QMap<QString, QString> &bindings = widget->state().bindings;
+        for (auto it = bindings.begin(); it != bindings.end(); ++it) {
+            if (widget->field(it.key()).tagCanBeAttached())
+                m_bindings[*it].append({widget, it.key()});
+        }
+    }
+    m_bindingsAreIndexed = true;
+}
+
+// Told from the event loop, so that a widget that writes what it is told does not call itself.
+void SceneDocument::queueTag(const QString &name, const QVariant &value)
+{
+    m_changedTags.append({name, value});
+    if (!m_tagTimer.isActive())
+        m_tagTimer.start(0);
+}
+
+void SceneDocument::deliverPending()
+{
+    if (!m_bindingsAreIndexed)
+        indexBindings();
+    const QVector<QPair<QString, QVariant>> changes = std::exchange(m_changedTags, {});
+    for (const auto &[name, value] : changes) {
+        const auto bindings = m_bindings.value(name);
+        for (const Binding &binding : bindings) {
+            binding.widget->takeTag(binding.fieldId, value);
+            m_events.add(EventLog::Kind::FieldChange, binding.widget->name(),
+                         binding.fieldId + QLatin1String(" = ") + briefText(value));
+        }
+    }
+}
+
+void SceneDocument::deliverAlarm(const NARV::AlarmInfo &alarm)
+{
+    const QMetaEnum states = QMetaEnum::fromType<AlarmInfo::State>();
+    const QString text =
+        alarm.name() + QLatin1Char(' ') + QLatin1String(states.valueToKey(alarm.state()));
+    for (PlacedWidget *widget : qAsConst(m_widgets)) {
+        if (!widget->description().receiveAlarmsEvents())
+            continue;
+        widget->takeAlarm(alarm);
+        m_events.add(EventLog::Kind::Alarm, widget->name(), text);
+    }
+}
+
+} // namespace NARV::DEV

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "session/loadfailure.h"
+
+#include <QFrame>
+
+class QBoxLayout;
+class QLabel;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace NARV::DEV {
+
+//! Shows why a plugin could not be opened, and what can be done.
+class ZPPLUGIN_DEV_EXPORT FailureCard : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit FailureCard(QWidget *parent = nullptr);
+
+    void setFailure(const LoadFailure &failure);
+
+Q_SIGNALS:
+    void retryRequested(const QString &path);
+    void loadAnywayRequested(const QString &path);
+    void openAnotherRequested();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void showIcon();
+    void elidePath();
+
+    LoadFailure m_failure;
+    QLabel *m_icon;
+    QLabel *m_title;
+    QLabel *m_path;
+    QPlainTextEdit *m_words;
+    QLabel *m_advice;
+    QBoxLayout *m_buttons;
+    QPushButton *m_retry;
+    QPushButton *m_anyway;
+    QPushButton *m_another;
+};
+
+} // namespace NARV::DEV

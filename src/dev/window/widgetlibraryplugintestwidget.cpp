@@ -1,0 +1,258 @@
+#include "window/widgetlibraryplugintestwidget.h"
+
+#include "data/simulationclock.h"
+#include "scene/pageview.h"
+#include "scene/sceneediting.h"
+#include "session/recentplugins.h"
+#include "window/widgetlibraryplugintestwidget_p.h"
+
+#include <QDragEnterEvent>
+#include <QMainWindow>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace NARV::DEV {
+
+WidgetLibraryPluginTestWidget::WidgetLibraryPluginTestWidget(QWidget *parent)
+    : QWidget(parent)
+    , d_ptr(new WidgetLibraryPluginTestWidgetPrivate(this))
+{
+    setAcceptDrops(true);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(d_ptr->frame);
+}
+
+WidgetLibraryPluginTestWidget::~WidgetLibraryPluginTestWidget() = default;
+
+void WidgetLibraryPluginTestWidget::setSettings(QSettings *settings,
+                                                const QString &unsavedWorkFolder)
+{
+    Q_D(WidgetLibraryPluginTestWidget);
+    d->settings = settings;
+    d->useSettings();
+    d->keeper.keepUnsavedIn(unsavedWorkFolder);
+    d->offerUnsavedWork();
+}
+
+void WidgetLibraryPluginTestWidget::showLog()
+{
+    d_ptr->relay.install();
+}
+
+void WidgetLibraryPluginTestWidget::setProbeCommand(const QString &program,
+                                                    const QStringList &arguments)
+{
+    d_ptr->session.setProbeCommand(program, arguments);
+}
+
+void WidgetLibraryPluginTestWidget::openPlugin(const QString &path)
+{
+    d_ptr->openPlugin(path);
+}
+
+bool WidgetLibraryPluginTestWidget::isPluginLoaded() const
+{
+    return d_ptr->session.isLoaded();
+}
+
+void WidgetLibraryPluginTestWidget::reloadPlugin()
+{
+    d_ptr->session.reload();
+}
+
+QStringList WidgetLibraryPluginTestWidget::widgetIds() const
+{
+    const auto *library = d_ptr->session.library();
+    return library ? library->widgetsLatestVersion().keys() : QStringList();
+}
+
+QString WidgetLibraryPluginTestWidget::placeWidget(const QString &widgetId, const QString &version,
+                                                   const QPointF &centre)
+{
+    const auto *library = d_ptr->session.library();
+    if (!library)
+        return {};
+    const QString latest = library->widgetsLatestVersion().value(widgetId).version().version();
+    const PlacedWidget *widget =
+        d_ptr->document.place(widgetId, version.isEmpty() ? latest : version, centre);
+    return widget ? widget->name() : QString();
+}
+
+void WidgetLibraryPluginTestWidget::placeAllWidgets()
+{
+    SceneEditing::placeAll(d_ptr->document);
+}
+
+QStringList WidgetLibraryPluginTestWidget::widgetNames() const
+{
+    QStringList names;
+    for (const PlacedWidget *widget : d_ptr->document.widgets())
+        names += widget->name();
+    return names;
+}
+
+QRectF WidgetLibraryPluginTestWidget::widgetGeometry(const QString &widgetName) const
+{
+    const PlacedWidget *widget = d_ptr->document.widget(widgetName);
+    return widget ? QRectF(widget->state().position, widget->state().size) : QRectF();
+}
+
+bool WidgetLibraryPluginTestWidget::setWidgetGeometry(const QString &widgetName,
+                                                      const QRectF &geometry, double rotation)
+{
+    PlacedWidget *widget = d_ptr->document.widget(widgetName);
+    if (!widget || geometry.isEmpty())
+        return false;
+    d_ptr->document.setGeometry(*widget, geometry.topLeft(), geometry.size(), rotation);
+    return true;
+}
+
+QSizeF WidgetLibraryPluginTestWidget::pageSize() const
+{
+    return d_ptr->document.page().size;
+}
+
+void WidgetLibraryPluginTestWidget::setPageSize(const QSizeF &size)
+{
+    d_ptr->document.setPageSize(size);
+}
+
+QVariant WidgetLibraryPluginTestWidget::fieldValue(const QString &widgetName,
+                                                   const QString &fieldId) const
+{
+    const PlacedWidget *widget = d_ptr->document.widget(widgetName);
+    return widget && widget->field(fieldId).isValid() ? widget->fieldValue(fieldId) : QVariant();
+}
+
+bool WidgetLibraryPluginTestWidget::setFieldValue(const QString &widgetName, const QString &fieldId,
+                                                  const QVariant &value)
+{
+    PlacedWidget *widget = d_ptr->document.widget(widgetName);
+    QVariant authored;
+    if (!widget || !widget->toFieldValue(fieldId, value, authored))
+        return false;
+    d_ptr->document.setFieldValue(*widget, fieldId, authored);
+    d_ptr->updateFieldsRequirements();
+    return true;
+}
+
+bool WidgetLibraryPluginTestWidget::bindField(const QString &widgetName, const QString &fieldId,
+                                              const QString &tagName)
+{
+    PlacedWidget *widget = d_ptr->document.widget(widgetName);
+    if (!widget || !widget->canBeBound(fieldId))
+        return false;
+    d_ptr->document.bind(*widget, fieldId, tagName);
+    return true;
+}
+
+bool WidgetLibraryPluginTestWidget::setTagValue(const QString &tagName, const QVariant &value)
+{
+    return d_ptr->data.writeTag(tagName, value);
+}
+
+bool WidgetLibraryPluginTestWidget::isRuntimeMode() const
+{
+    return d_ptr->document.mode() == SceneDocument::Mode::Runtime;
+}
+
+void WidgetLibraryPluginTestWidget::setRuntimeMode(bool isRuntime)
+{
+    d_ptr->setRuntime(isRuntime);
+}
+
+QString WidgetLibraryPluginTestWidget::language() const
+{
+    return d_ptr->document.language();
+}
+
+void WidgetLibraryPluginTestWidget::setLanguage(const QString &languageCode)
+{
+    d_ptr->document.setLanguage(languageCode);
+}
+
+bool WidgetLibraryPluginTestWidget::openScene(const QString &path, QString *problem)
+{
+    QString reason;
+    const bool isOpen = d_ptr->keeper.open(path, problem ? *problem : reason);
+    if (isOpen)
+        d_ptr->showOutcome();
+    return isOpen;
+}
+
+bool WidgetLibraryPluginTestWidget::saveScene(const QString &path, QString *problem)
+{
+    QString reason;
+    return d_ptr->keeper.save(path, problem ? *problem : reason);
+}
+
+bool WidgetLibraryPluginTestWidget::isTimeRunning() const
+{
+    return d_ptr->data.clock().isRunning();
+}
+
+void WidgetLibraryPluginTestWidget::setTimeRunning(bool isRunning)
+{
+    d_ptr->data.clock().setRunning(isRunning);
+}
+
+void WidgetLibraryPluginTestWidget::setStartTime(const QDateTime &time)
+{
+    d_ptr->data.clock().setStartTime(time);
+}
+
+void WidgetLibraryPluginTestWidget::advanceTime(qint64 milliseconds)
+{
+    d_ptr->data.clock().advance(milliseconds);
+    d_ptr->document.deliverPending();
+}
+
+QImage WidgetLibraryPluginTestWidget::renderPage(double scale) const
+{
+    d_ptr->document.deliverPending();
+    return PageView::render(d_ptr->document, scale);
+}
+
+// Closing does not ask: unsaved work is kept and offered the next time.
+void WidgetLibraryPluginTestWidget::closeEvent(QCloseEvent *event)
+{
+    Q_D(WidgetLibraryPluginTestWidget);
+    d->saveLayout();
+    d->keeper.keepUnsaved();
+    QWidget::closeEvent(event);
+}
+
+static QString droppedPath(const QMimeData &data)
+{
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+void WidgetLibraryPluginTestWidget::dragEnterEvent(QDragEnterEvent *event)
+{
+    event->setAccepted(!droppedPath(*event->mimeData()).isEmpty());
+}
+
+void WidgetLibraryPluginTestWidget::dropEvent(QDropEvent *event)
+{
+    const QString path = droppedPath(*event->mimeData());
+    event->acceptProposedAction();
+    if (path.endsWith(QLatin1String(".json")))
+        d_ptr->openSceneFile(path);
+    else
+        d_ptr->openPlugin(path);
+}
+
+void WidgetLibraryPluginTestWidget::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (std::exchange(d_ptr->hasBeenShown, true))
+        return;
+    d_ptr->view->zoomToFit();
+    d_ptr->pages->currentWidget()->setFocus();
+}
+
+} // namespace NARV::DEV

@@ -1,0 +1,441 @@
+#include "window/widgetlibraryplugintestwidget_p.h"
+
+#include "data/scenario.h"
+#include "data/scenarioplayer.h"
+#include "data/simulationclock.h"
+#include "palette/palettepanel.h"
+#include "properties/propertypanel.h"
+#include "scene/pageview.h"
+#include "scene/sceneediting.h"
+#include "session/failurecard.h"
+#include "session/recentplugins.h"
+#include "touch/touchsimulator.h"
+#include "window/actiontable.h"
+#include "window/messagebar.h"
+#include "window/welcomepage.h"
+#include "window/widgetlibraryplugintestwidget.h"
+
+#include <QClipboard>
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMimeData>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+
+#include <memory>
+
+namespace NARV::DEV {
+
+using Private = WidgetLibraryPluginTestWidgetPrivate;
+
+static QString tr(const char *text)
+{
+    return WidgetLibraryPluginTestWidget::tr(text);
+}
+
+Private::WidgetLibraryPluginTestWidgetPrivate(WidgetLibraryPluginTestWidget *q)
+    : q_ptr(q)
+    , document(session, data, events)
+    , keeper(document)
+    , frame(new QMainWindow)
+    , pages(new QStackedWidget)
+    , welcome(new WelcomePage)
+    , failure(new FailureCard)
+    , view(new PageView(document))
+    , messages(new MessageBar)
+{
+    session.setLogRelay(&relay);
+    data.loadDefaults();
+    document.setUnmodified();
+    buildFrame();
+    connectParts();
+    showTitle();
+    updateActions();
+}
+
+// The widgets of the window look at the parts, so they go first.
+Private::~WidgetLibraryPluginTestWidgetPrivate()
+{
+    keeper.keepUnsaved();
+    for (QObject *part : std::initializer_list<QObject *>{&session, &document, &keeper,
+                                                          &document.undoStack(), &data.clock()})
+        part->disconnect(this);
+    delete frame;
+}
+
+void Private::connectParts()
+{
+    connect(&session, &PluginSession::loaded, this, [this] {
+        if (recent)
+            recent->add(session.path(), libraryName());
+        showOutcome();
+        Q_EMIT q_ptr->pluginLoaded();
+    });
+    connect(&session, &PluginSession::failed, this, &Private::showFailure);
+    connect(&session, &PluginSession::probingChanged, this, &Private::showProbing);
+    connect(&session, &PluginSession::closed, this, &Private::showOutcome);
+    connect(welcome, &WelcomePage::openFolderRequested, this, &Private::chooseFolder);
+    connect(welcome, &WelcomePage::openLibraryRequested, this, &Private::chooseLibrary);
+    connect(welcome, &WelcomePage::recentRequested, this, &Private::openPlugin);
+    connect(failure, &FailureCard::retryRequested, &session, &PluginSession::open);
+    connect(failure, &FailureCard::loadAnywayRequested, &session, &PluginSession::openAnyway);
+    connect(failure, &FailureCard::openAnotherRequested, this, &Private::chooseFolder);
+    connect(palette, &PalettePanel::placeRequested, this, &Private::placeInView);
+    connect(view, &PageView::menuRequested, this, &Private::showContextMenu);
+    connect(&document, &SceneDocument::notice, messages, &MessageBar::tell);
+    connect(&document, &SceneDocument::notice, q_ptr, &WidgetLibraryPluginTestWidget::notice);
+    connect(&document, &SceneDocument::selectionChanged, this, &Private::updateActions);
+    connect(&document, &SceneDocument::modeChanged, this, &Private::updateActions);
+    connect(&document, &SceneDocument::languageChanged, this,
+            [this] { palette->setLanguage(document.language()); });
+    connect(&document, &SceneDocument::modifiedChanged, this, &Private::showTitle);
+    connect(&document, &SceneDocument::pageChanged, this, &Private::updateActions);
+    connect(&keeper, &SceneKeeper::pathChanged, this, &Private::showTitle);
+    connect(&data.clock(), &SimulationClock::stateChanged, this, &Private::updateActions);
+    QUndoStack &undo = document.undoStack();
+    connect(actions[QStringLiteral("undo")], &QAction::triggered, &undo, &QUndoStack::undo);
+    connect(actions[QStringLiteral("redo")], &QAction::triggered, &undo, &QUndoStack::redo);
+    connect(&undo, &QUndoStack::indexChanged, this, &Private::updateActions);
+}
+
+void Private::updateFieldsRequirements()
+{
+    properties->updateRequirements();
+}
+
+void Private::updateActions()
+{
+    const bool isEditor = document.mode() == SceneDocument::Mode::Editor;
+    const int selected = document.selection().size();
+    const bool isMet[] = {true,
+                          session.isLoaded(),
+                          isEditor,
+                          isEditor && selected > 0,
+                          isEditor && selected > 1,
+                          isEditor && session.isLoaded()};
+    for (const MenuEntry &menu : benchMenus()) {
+        for (int i = 0; i < menu.count; ++i) {
+            if (menu.entries[i].name)
+                actions[QLatin1String(menu.entries[i].name)]->setEnabled(
+                    isMet[menu.entries[i].need]);
+        }
+    }
+    const QUndoStack &undo = document.undoStack();
+    QAction *undoAction = actions[QStringLiteral("undo")];
+    undoAction->setEnabled(isEditor && undo.canUndo());
+    undoAction->setText(tr("&Undo %1").arg(undo.undoText()));
+    QAction *redoAction = actions[QStringLiteral("redo")];
+    redoAction->setEnabled(isEditor && undo.canRedo());
+    redoAction->setText(tr("&Redo %1").arg(undo.redoText()));
+    actions[QStringLiteral("runtime-mode")]->setChecked(!isEditor);
+    actions[QStringLiteral("checker")]->setChecked(document.page().checkerboard);
+    actions[QStringLiteral("play")]->setChecked(data.clock().isRunning());
+    actions[QStringLiteral("reload")]->setEnabled(!session.path().isEmpty());
+}
+
+// Plugins
+
+void Private::openPlugin(const QString &path)
+{
+    session.open(path);
+}
+
+void Private::showOutcome()
+{
+    if (session.isLoaded())
+        palette->setLanguage(document.language());
+    const bool hasPage = session.isLoaded() || !document.widgets().isEmpty();
+    if (hasPage)
+        pages->setCurrentWidget(view);
+    else
+        pages->setCurrentWidget(welcome);
+    showTitle();
+    updateActions();
+}
+
+void Private::showFailure(const LoadFailure &reason)
+{
+    failure->setFailure(reason);
+    pages->setCurrentWidget(failurePage);
+    updateActions();
+    QStringList lines = QStringList(reason.title) + reason.words;
+    lines += reason.advice;
+    lines.removeAll(QString());
+    Q_EMIT q_ptr->pluginFailed(lines.join(QLatin1Char('\n')));
+}
+
+void Private::showProbing()
+{
+    if (session.isProbing())
+        frame->statusBar()->showMessage(
+            tr("Trying %1 in a process of its own…").arg(QDir::toNativeSeparators(session.path())));
+    else
+        frame->statusBar()->clearMessage();
+}
+
+//! A dialogue for files that does not stop the program.
+static QFileDialog *fileDialog(QWidget *parent, const QString &title, QFileDialog::FileMode mode)
+{
+    auto *dialog = new QFileDialog(parent, title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(mode);
+    return dialog;
+}
+
+void Private::chooseFolder()
+{
+    QFileDialog *dialog = fileDialog(q_ptr, tr("Open plugin folder"), QFileDialog::Directory);
+    connect(dialog, &QFileDialog::fileSelected, this, &Private::openPlugin);
+    dialog->open();
+}
+
+void Private::chooseLibrary()
+{
+    QFileDialog *dialog = fileDialog(q_ptr, tr("Open library file"), QFileDialog::ExistingFile);
+    dialog->setNameFilter(tr("Shared libraries (*.so *.dll)"));
+    connect(dialog, &QFileDialog::fileSelected, this, &Private::openPlugin);
+    dialog->open();
+}
+
+void Private::addLanguageActions(QMenu *menu)
+{
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        menu->clear();
+        QStringList languages = {QStringLiteral("en-US")};
+        if (const auto *library = session.library())
+            languages = QStringList(library->defaultLanguage()) + library->translation();
+        languages.removeDuplicates();
+        for (const QString &code : qAsConst(languages)) {
+            QAction *action = menu->addAction(code);
+            action->setCheckable(true);
+            action->setChecked(code == document.language());
+            connect(action, &QAction::triggered, this,
+                    [this, code] { document.setLanguage(code); });
+        }
+    });
+}
+
+void Private::addScenarioActions(QMenu *menu)
+{
+    for (const Scenario &scenario : scenarios()) {
+        QAction *action = menu->addAction(scenario.title());
+        action->setToolTip(scenario.description());
+        connect(action, &QAction::triggered, this,
+                [this, &scenario] { data.scenarios().run(scenario); });
+    }
+    menu->setToolTipsVisible(true);
+    menu->addSeparator();
+    connect(menu->addAction(tr("Back to normal")), &QAction::triggered, &data.scenarios(),
+            &ScenarioPlayer::restore);
+}
+
+void Private::placeInView(const QString &widgetId, const QString &version)
+{
+    setRuntime(false);
+    const QPointF centre = view->mapToScene(view->viewport()->rect().center());
+    // Beside the last one, not on top of it.
+    const QPointF shift = (document.widgets().size() % 8) * QPointF(20, 20);
+    if (document.place(widgetId, version, centre + shift))
+        showOutcome();
+}
+
+void Private::showContextMenu(const QPoint &position)
+{
+    auto *menu = new QMenu(frame);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const char *name : {"cut", "copy", "paste", "duplicate", "delete", "", "raise", "lower",
+                             "to-top", "to-bottom"}) {
+        if (*name)
+            menu->addAction(actions[QLatin1String(name)]);
+        else
+            menu->addSeparator();
+    }
+    menu->popup(position);
+}
+
+// The page
+
+void Private::newScene()
+{
+    keeper.clear();
+    data.loadDefaults();
+    document.setUnmodified();
+    showOutcome();
+}
+
+static const QString sceneFilter()
+{
+    return tr("Pages of the test bench (*.json)");
+}
+
+void Private::chooseScene()
+{
+    QFileDialog *dialog = fileDialog(q_ptr, tr("Open page"), QFileDialog::ExistingFile);
+    dialog->setNameFilter(sceneFilter());
+    connect(dialog, &QFileDialog::fileSelected, this, &Private::openSceneFile);
+    dialog->open();
+}
+
+void Private::openSceneFile(const QString &path)
+{
+    QString problem;
+    if (!keeper.open(path, problem))
+        messages->tell(problem);
+    showOutcome();
+}
+
+void Private::saveTo(const QString &path)
+{
+    QString problem;
+    if (!keeper.save(path, problem))
+        messages->tell(problem);
+}
+
+void Private::saveScene()
+{
+    if (keeper.path().isEmpty())
+        saveSceneAs();
+    else
+        saveTo(keeper.path());
+}
+
+void Private::saveSceneAs()
+{
+    QFileDialog *dialog = fileDialog(q_ptr, tr("Save page"), QFileDialog::AnyFile);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("json"));
+    dialog->setNameFilter(sceneFilter());
+    connect(dialog, &QFileDialog::fileSelected, this, &Private::saveTo);
+    dialog->open();
+}
+
+void Private::exportPicture()
+{
+    QFileDialog *dialog = fileDialog(q_ptr, tr("Save picture"), QFileDialog::AnyFile);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("png"));
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        if (!q_ptr->renderPage().save(path))
+            messages->tell(tr("%1 cannot be written").arg(path));
+    });
+    dialog->open();
+}
+
+void Private::copy()
+{
+    if (QMimeData *copied = SceneEditing::copy(document))
+        QGuiApplication::clipboard()->setMimeData(copied);
+}
+
+void Private::cut()
+{
+    copy();
+    SceneEditing::remove(document);
+}
+
+void Private::paste()
+{
+    const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
+    QString problem;
+    if (copied && !SceneEditing::paste(document, *copied, problem) && !problem.isEmpty())
+        messages->tell(problem);
+}
+
+void Private::setRuntime(bool isRuntime)
+{
+    document.setMode(isRuntime ? SceneDocument::Mode::Runtime : SceneDocument::Mode::Editor);
+    data.clock().setRunning(isRuntime);
+    updateActions();
+}
+
+void Private::setFingers(int fingers)
+{
+    view->touchSimulator().setFingers(fingers);
+}
+
+void Private::chooseBackground()
+{
+    auto *dialog = new QColorDialog(document.page().background, q_ptr);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setOption(QColorDialog::ShowAlphaChannel);
+    connect(dialog, &QColorDialog::colorSelected, this, [this](const QColor &color) {
+        Page page = document.page();
+        page.background = color;
+        document.setPage(page);
+    });
+    dialog->open();
+}
+
+// The window
+
+QString Private::libraryName() const
+{
+    return session.library()->name().get(document.language(), true);
+}
+
+void Private::showTitle()
+{
+    QStringList parts;
+    if (session.isLoaded())
+        parts += libraryName();
+    parts += keeper.path().isEmpty() ? tr("new page") : QFileInfo(keeper.path()).fileName();
+    parts += tr("Test bench");
+    q_ptr->setWindowTitle(parts.join(QStringLiteral(" – ")) + QLatin1String("[*]"));
+    q_ptr->setWindowModified(document.isModified());
+}
+
+void Private::setTheme(Theme chosen)
+{
+    theme = chosen;
+    applyTheme(chosen);
+    if (settings)
+        settings->setValue(QStringLiteral("theme"), int(chosen));
+}
+
+void Private::useSettings()
+{
+    recent = new RecentPlugins(*settings, this);
+    welcome->showRecent(*recent);
+    recent->fill(*actions[QStringLiteral("recent")]->menu());
+    connect(recent, &RecentPlugins::openRequested, this, &Private::openPlugin);
+    connect(recent, &RecentPlugins::changed, this, [this] { welcome->showRecent(*recent); });
+    const int chosen = settings->value(QStringLiteral("theme")).toInt();
+    if (chosen > 0)
+        setTheme(Theme(qMin(chosen, int(Theme::Dark))));
+    document.setLanguage(
+        settings->value(QStringLiteral("language"), document.language()).toString());
+    connect(&document, &SceneDocument::languageChanged, this,
+            [this] { settings->setValue(QStringLiteral("language"), document.language()); });
+    q_ptr->restoreGeometry(settings->value(QStringLiteral("geometry")).toByteArray());
+    frame->restoreState(settings->value(QStringLiteral("panels")).toByteArray());
+}
+
+void Private::saveLayout()
+{
+    if (!settings)
+        return;
+    settings->setValue(QStringLiteral("geometry"), q_ptr->saveGeometry());
+    settings->setValue(QStringLiteral("panels"), frame->saveState());
+}
+
+void Private::offerUnsavedWork()
+{
+    const QString unsaved = keeper.findUnsaved();
+    if (unsaved.isEmpty())
+        return;
+    messages->offer(tr("There is unsaved work of an earlier session."), tr("Open it"),
+                    [this, unsaved] {
+                        QString problem;
+                        if (!keeper.recover(unsaved, problem))
+                            messages->tell(problem);
+                        showOutcome();
+                    });
+}
+
+} // namespace NARV::DEV

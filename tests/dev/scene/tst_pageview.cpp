@@ -1,0 +1,225 @@
+#include "guardedtest.h"
+
+#include "console/eventlog.h"
+#include "data/testdata.h"
+#include "scene/handlegeometry.h"
+#include "scene/pageview.h"
+#include "session/pluginsession.h"
+#include "touch/touchsimulator.h"
+
+#include <NARV/GraphicsObject>
+#include <NARV/INTERNAL/Init>
+
+#include <QDropEvent>
+#include <QIcon>
+#include <QMimeData>
+
+#include <memory>
+
+using namespace NARV::DEV;
+
+class tst_PageView : public GuardedTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { NARV::INTERNAL::narvInit(QIcon()); }
+    void init();
+    void cleanup();
+    void selectingAndMoving();
+    void resizingAndRotating();
+    void rubberBand();
+    void keyboard();
+    void dropping();
+    void zooming();
+    void inputOfTheRuntime();
+
+private:
+    PlacedWidget &place(const QPointF &centre);
+    QPoint at(const QPointF &scenePosition) const
+    {
+        return m_bench->view.mapFromScene(scenePosition);
+    }
+    void drag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers = {});
+
+    struct Bench
+    {
+        PluginSession session;
+        TestData data;
+        EventLog events;
+        SceneDocument document{session, data, events};
+        PageView view{document};
+    };
+    std::unique_ptr<Bench> m_bench;
+};
+
+void tst_PageView::init()
+{
+    startGuard();
+    m_bench = std::make_unique<Bench>();
+    m_bench->view.resize(1400, 900);
+    m_bench->view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&m_bench->view));
+    m_bench->view.setZoom(1);
+    QVERIFY(m_bench->session.open(QStringLiteral(GALLERY_LIBRARY)));
+    QTRY_VERIFY(m_bench->session.isLoaded());
+    takeLog();
+}
+
+void tst_PageView::cleanup()
+{
+    m_bench.reset();
+    checkGuard();
+}
+
+PlacedWidget &tst_PageView::place(const QPointF &centre)
+{
+    return *m_bench->document.place(u("gauge"), u("1.0.0"), centre);
+}
+
+void tst_PageView::drag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers)
+{
+    QWidget *target = m_bench->view.viewport();
+    QTest::mousePress(target, Qt::LeftButton, modifiers, from);
+    for (const QPoint &position : {(from + to) / 2, to}) {
+        QMouseEvent move(QEvent::MouseMove, position, Qt::NoButton, Qt::LeftButton, modifiers);
+        QCoreApplication::sendEvent(target, &move);
+    }
+    QTest::mouseRelease(target, Qt::LeftButton, modifiers, to);
+}
+
+void tst_PageView::selectingAndMoving()
+{
+    SceneDocument &document = m_bench->document;
+    PlacedWidget &first = place({200, 200});
+    PlacedWidget &second = place({600, 200});
+    QTest::mouseClick(m_bench->view.viewport(), Qt::LeftButton, {}, at({200, 200}));
+    QCOMPARE(document.selection(), QList<PlacedWidget *>({&first}));
+    QTest::mouseClick(m_bench->view.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      at({600, 200}));
+    QCOMPARE(document.selection(), QList<PlacedWidget *>({&first, &second}));
+    const int steps = document.undoStack().count();
+    const QPointF from = first.state().position;
+    drag(at({200, 200}), at({260, 230}));
+    QCOMPARE(first.state().position, from + QPointF(60, 30));
+    QCOMPARE(first.item()->pos(), first.state().position);
+    QCOMPARE(document.undoStack().count(), steps + 1);
+    drag(at({260, 230}), at({300, 233}), Qt::ShiftModifier);
+    QTest::mouseClick(m_bench->view.viewport(), Qt::LeftButton, {}, at({900, 700}));
+    QVERIFY(document.selection().isEmpty());
+    document.undoStack().setIndex(steps);
+    QCOMPARE(first.state().position, from);
+}
+
+void tst_PageView::resizingAndRotating()
+{
+    PlacedWidget &widget = place({400, 400});
+    const WidgetState before = widget.state();
+    const QPoint corner = at(handlePosition(before, {1, 1}, 0));
+    drag(corner, corner + QPoint(40, 20));
+    QCOMPARE(widget.state().size, before.size + QSizeF(40, 20));
+    QCOMPARE(widget.item()->size(), widget.state().size);
+    const QPoint grip = at(handlePosition(widget.state(), {0, 0}, 24));
+    drag(grip, at(centreOf(widget.state()) + QPointF(300, 0)));
+    QCOMPARE(widget.state().rotation, 90.0);
+    QCOMPARE(widget.item()->rotation(), 90.0);
+    m_bench->document.undoStack().setIndex(1);
+    QCOMPARE(widget.state().size, before.size);
+}
+
+void tst_PageView::rubberBand()
+{
+    PlacedWidget &first = place({200, 200});
+    place({600, 200});
+    PlacedWidget &third = place({200, 600});
+    m_bench->document.select({});
+    drag(at({5, 5}), at({250, 650}));
+    QCOMPARE(m_bench->document.selection(), QList<PlacedWidget *>({&first, &third}));
+}
+
+void tst_PageView::keyboard()
+{
+    SceneDocument &document = m_bench->document;
+    PlacedWidget &first = place({200, 200});
+    PlacedWidget &second = place({600, 200});
+    const int steps = document.undoStack().count();
+    const QPointF from = second.state().position;
+    QTest::keyClick(&m_bench->view, Qt::Key_Right);
+    QTest::keyClick(&m_bench->view, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(second.state().position, from + QPointF(1, 10));
+    QCOMPARE(document.undoStack().count(), steps + 1);
+    QTest::keyClick(&m_bench->view, Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(document.currentWidget(), &first);
+    QTest::keyClick(&m_bench->view, Qt::Key_Tab);
+    QCOMPARE(document.currentWidget(), &second);
+    QTest::keyClick(&m_bench->view, Qt::Key_Escape);
+    QVERIFY(document.selection().isEmpty());
+    // Escape during a drag takes it back.
+    QTest::mousePress(m_bench->view.viewport(), Qt::LeftButton, {}, at({200, 200}));
+    QMouseEvent move(QEvent::MouseMove, at({300, 300}), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(m_bench->view.viewport(), &move);
+    QTest::keyClick(&m_bench->view, Qt::Key_Escape);
+    QCOMPARE(centreOf(first.state()), QPointF(200, 200));
+    QTest::mouseRelease(m_bench->view.viewport(), Qt::LeftButton, {}, at({300, 300}));
+}
+
+//! The toolkit delivers a drop where a drag has entered.
+static void drop(QWidget *target, const QPoint &position, const QMimeData &data)
+{
+    QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &enter);
+    QDropEvent event(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &event);
+}
+
+void tst_PageView::dropping()
+{
+    QMimeData dropped;
+    dropped.setData(PageView::widgetMimeType(), "lamp\n1.0.0");
+    drop(m_bench->view.viewport(), at({300, 250}), dropped);
+    QCOMPARE(m_bench->document.widgets().size(), 1);
+    QCOMPARE(centreOf(m_bench->document.currentWidget()->state()), QPointF(300, 250));
+    dropped.setData(PageView::widgetMimeType(), "lamp");
+    drop(m_bench->view.viewport(), at({300, 250}), dropped);
+    QCOMPARE(m_bench->document.widgets().size(), 1);
+}
+
+void tst_PageView::zooming()
+{
+    PageView &view = m_bench->view;
+    view.zoomToFit();
+    const QRectF page = m_bench->document.graphicsScene().sceneRect();
+    QVERIFY(view.mapToScene(view.viewport()->rect()).boundingRect().contains(page));
+    const double fitting = view.zoom();
+    view.resize(700, 450);
+    QTRY_VERIFY(view.zoom() < fitting);
+    view.setZoom(1000);
+    QCOMPARE(view.zoom(), 16.0);
+}
+
+// Clicks select nothing, and the simulated fingers reach the widget as gestures.
+void tst_PageView::inputOfTheRuntime()
+{
+    SceneDocument &document = m_bench->document;
+    PlacedWidget &trend = *document.place(u("trendChart"), u("1.0.0"), {400, 300});
+    document.select({});
+    document.setMode(SceneDocument::Mode::Runtime);
+    drag(at({400, 300}), at({300, 300}));
+    QVERIFY(document.selection().isEmpty());
+    m_bench->events.flush();
+    m_bench->events.clear();
+    m_bench->view.touchSimulator().setFingers(1);
+    drag(at({400, 300}), at({300, 300}));
+    m_bench->events.flush();
+    bool hasPanned = false;
+    for (int row = 0; row < m_bench->events.rowCount(); ++row) {
+        const EventRecord &record = m_bench->events.record(row);
+        hasPanned |= record.kind == EventLog::Kind::Gesture && record.widget == trend.name() &&
+                     record.text.contains(u("one-finger pan"));
+    }
+    QVERIFY(hasPanned);
+}
+
+QTEST_MAIN(tst_PageView)
+
+#include "tst_pageview.moc"
