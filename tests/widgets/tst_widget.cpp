@@ -2,6 +2,7 @@
 #include "recordinglibrary.h"
 
 #include <NARV/INTERNAL/WidgetActionManagerPrivateAccessor>
+#include <NARV/LogHandler>
 
 #include <QGraphicsScene>
 #include <QSignalSpy>
@@ -121,6 +122,7 @@ private Q_SLOTS:
     void itemReplacedInHandler();
     void nestedDeliveries();
     void exceptionInHandler();
+    void logInHandler();
     void valuesSeenFromOutside();
     void itemOutlivesWidget();
     void eventWhileItemIsDestroyed();
@@ -332,6 +334,23 @@ void tst_Widget::exceptionInHandler()
         expected.append(
             {QtCriticalMsg, u("lib"), u("NARV"), u("the plugin threw an exception: ") + u(what)});
     QCOMPARE(takeLog(), expected);
+}
+
+// The log's own guard against records made while one is written is not in the way.
+void tst_Widget::logInHandler()
+{
+    GaugeFixture gauge(1);
+    gauge.host.insideDevProject = true;
+    gauge.widget->onHandler = gauge.items[0]->onHandler = [&gauge](NARV::Event *) {
+        gauge.widget->getFieldValue(none);
+        NARV::LogHandler(u("lib"), nullptr, 0, nullptr).info().debug() << 1;
+    };
+    gauge.priv()->init();
+    QStringList messages;
+    for (const LogEntry &entry : takeLog())
+        messages += entry.message;
+    const QStringList once{u("getFieldValue called with an invalid fieldId: \"none\""), u("1")};
+    QCOMPARE(messages, once + once);
 }
 
 // A copy of the values stays as it is, and so do the descriptions count that there are now.
