@@ -1,4 +1,31 @@
+#include <NARV/GraphicsObject>
+#include <NARV/Widget>
 #include <NARV/WidgetLibraryPlugin>
+
+class Sign : public NARV::Widget
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE explicit Sign(const NARV::WidgetData &data)
+        : NARV::Widget(data)
+    {
+    }
+};
+
+class SignItem : public NARV::GraphicsObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE explicit SignItem(const NARV::GraphicsObjectData &data)
+        : NARV::GraphicsObject(data)
+    {
+        setObjectName(QString::number(BUILD));
+    }
+
+    void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
+};
 
 //! Tells which build its code is of.
 class RebuiltPlugin : public NARV::WidgetLibraryPlugin
@@ -8,7 +35,11 @@ class RebuiltPlugin : public NARV::WidgetLibraryPlugin
     Q_INTERFACES(NARV::WidgetLibraryPlugin)
 
 public:
-    RebuiltPlugin() { setObjectName(QString::number(BUILD)); }
+    RebuiltPlugin()
+    {
+        setObjectName(QString::number(BUILD));
+        NARV::registerWidget<Sign, SignItem>(this, QStringLiteral("sign"), QStringLiteral("1.0.0"));
+    }
 };
 
 #include "rebuiltplugin.moc"

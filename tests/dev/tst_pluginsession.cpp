@@ -193,7 +193,7 @@ void tst_PluginSession::followsTheFile()
     QSignalSpy failed(&session, &PluginSession::failed);
     const auto isBuild = [&](const char *number) {
         return session.isLoaded() && session.plugin()->objectName() == u(number) &&
-               session.library()->widgets().firstKey().first == u("widget") + u(number);
+               session.library()->widgets().lastKey().first == u("widget") + u(number);
     };
     // Not there yet, not even its folder.
     QVERIFY(!session.open(file));

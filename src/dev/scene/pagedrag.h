@@ -16,6 +16,8 @@ public:
     virtual void moveTo(const QPointF &position, Qt::KeyboardModifiers modifiers) = 0;
     //! Puts everything back.
     virtual void cancel() = 0;
+    //! It is more than a click.
+    virtual bool hasMoved() const = 0;
     //! What to show at the cursor, such as a size; empty for nothing.
     virtual QString label() const { return {}; }
     //! The rubber band to draw; null for none.
@@ -31,6 +33,7 @@ public:
 
     void moveTo(const QPointF &position, Qt::KeyboardModifiers modifiers) override;
     void cancel() override;
+    bool hasMoved() const override { return m_hasMoved; }
     QString label() const override { return m_label; }
 
 protected:
@@ -93,6 +96,7 @@ public:
 
     void moveTo(const QPointF &position, Qt::KeyboardModifiers modifiers) override;
     void cancel() override;
+    bool hasMoved() const override { return !m_band.isNull(); }
     QRectF band() const override { return m_band; }
 
 private:

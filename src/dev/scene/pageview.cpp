@@ -335,10 +335,15 @@ void PageView::mousePressEvent(QMouseEvent *event)
         clickWidget(*widget, false);
 }
 
+static bool isExtending(Qt::KeyboardModifiers modifiers)
+{
+    return modifiers & (Qt::ControlModifier | Qt::ShiftModifier);
+}
+
 void PageView::startDrag(const QPoint &position, Qt::KeyboardModifiers modifiers)
 {
     const QPointF start = mapToScene(position);
-    const bool extends = modifiers & (Qt::ControlModifier | Qt::ShiftModifier);
+    const bool extends = isExtending(modifiers);
     if (const Handle *handle = handleAt(position)) {
         m_drag =
             std::make_unique<HandleDrag>(m_document, *m_document.currentWidget(), *handle, start);
@@ -406,8 +411,18 @@ void PageView::mouseReleaseEvent(QMouseEvent *event)
     } else if (!isEditor()) {
         QGraphicsView::mouseReleaseEvent(event);
     } else {
+        if (m_drag && !m_drag->hasMoved())
+            endClick(event->modifiers());
         endDrag();
     }
+}
+
+// A click on one of several, which might have become a drag of all, selects that one.
+void PageView::endClick(Qt::KeyboardModifiers modifiers)
+{
+    PlacedWidget *clicked = m_document.currentWidget();
+    if (clicked && !isExtending(modifiers))
+        m_document.select({clicked});
 }
 
 void PageView::endDrag()

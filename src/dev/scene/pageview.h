@@ -68,6 +68,7 @@ private:
     void startDrag(const QPoint &position, Qt::KeyboardModifiers modifiers);
     void clickWidget(PlacedWidget &widget, bool extends);
     void endDrag();
+    void endClick(Qt::KeyboardModifiers modifiers);
     void nudge(const QPoint &step);
     void showCursor(const QPoint &position);
     void drawSelection(QPainter &painter) const;

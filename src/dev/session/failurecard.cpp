@@ -2,6 +2,7 @@
 
 #include "window/icons.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -44,9 +45,8 @@ FailureCard::FailureCard(QWidget *parent)
     setMaximumWidth(cardWidth);
     setAccessibleName(tr("Why the plugin is not open"));
     auto *layout = new QVBoxLayout(this);
-    const int iconSize = style()->pixelMetric(QStyle::PM_LargeIconSize);
-    m_icon->setPixmap(benchIcon(QStringLiteral("error")).pixmap(iconSize));
     layout->addWidget(m_icon);
+    showIcon();
     m_title = addLabel(layout, QStringLiteral("title"), tr("Failure"));
     QFont titleFont = font();
     titleFont.setPointSizeF(titleFont.pointSizeF() * titleScale);
@@ -83,6 +83,19 @@ void FailureCard::setFailure(const LoadFailure &failure)
     m_advice->setText(failure.advice);
     m_anyway->setVisible(failure.mayTry);
     elidePath();
+}
+
+void FailureCard::showIcon()
+{
+    const int size = style()->pixelMetric(QStyle::PM_LargeIconSize);
+    m_icon->setPixmap(benchIcon(QStringLiteral("error")).pixmap(size));
+}
+
+void FailureCard::changeEvent(QEvent *event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showIcon();
 }
 
 void FailureCard::resizeEvent(QResizeEvent *event)

@@ -27,9 +27,11 @@ Q_SIGNALS:
     void openAnotherRequested();
 
 protected:
+    void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void showIcon();
     void elidePath();
 
     LoadFailure m_failure;

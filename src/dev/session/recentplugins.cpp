@@ -12,6 +12,7 @@ namespace NARV::DEV {
 static const int maxPaths = 10;
 static const int shownLetters = 60;
 static const QLatin1String pathsKey("recentPlugins");
+static const QLatin1String namesKey("recentPluginNames");
 
 RecentPlugins::RecentPlugins(QSettings &settings, QObject *parent)
     : QObject(parent)
@@ -24,23 +25,35 @@ QStringList RecentPlugins::paths() const
     return m_settings.value(pathsKey).toStringList().mid(0, maxPaths);
 }
 
-void RecentPlugins::add(const QString &path)
+QString RecentPlugins::name(const QString &path) const
+{
+    const QString name = m_settings.value(namesKey).toMap().value(path).toString();
+    return name.isEmpty() ? QDir(path).dirName() : name;
+}
+
+void RecentPlugins::add(const QString &path, const QString &name)
 {
     const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
     QStringList all = paths();
     all.removeAll(absolute);
     all.prepend(absolute);
-    store(all.mid(0, maxPaths));
+    QVariantMap names = m_settings.value(namesKey).toMap();
+    names.insert(absolute, name);
+    store(all.mid(0, maxPaths), names);
 }
 
 void RecentPlugins::clear()
 {
-    store({});
+    store({}, {});
 }
 
-void RecentPlugins::store(const QStringList &paths)
+void RecentPlugins::store(const QStringList &paths, const QVariantMap &names)
 {
+    QVariantMap kept;
+    for (const QString &path : paths)
+        kept.insert(path, names.value(path));
     m_settings.setValue(pathsKey, paths);
+    m_settings.setValue(namesKey, kept);
     Q_EMIT changed();
 }
 
@@ -51,11 +64,12 @@ void RecentPlugins::fill(QMenu &menu)
 }
 
 //! The end of a path tells more than its beginning; an ampersand would be a shortcut.
-static QString menuText(int number, const QString &path)
+static QString menuText(int number, const QString &name, const QString &path)
 {
-    QString text = QDir::toNativeSeparators(path);
-    if (text.size() > shownLetters)
-        text = QStringLiteral("...") + text.right(shownLetters);
+    QString shown = QDir::toNativeSeparators(path);
+    if (shown.size() > shownLetters)
+        shown = QStringLiteral("...") + shown.right(shownLetters);
+    QString text = QStringLiteral("%1  (%2)").arg(name, shown);
     text.replace(QLatin1Char('&'), QLatin1String("&&"));
     return QStringLiteral("&%1  %2").arg(QString::number(number % maxPaths), text);
 }
@@ -67,7 +81,7 @@ void RecentPlugins::refill(QMenu &menu)
     for (int i = 0; i < all.size(); ++i) {
         const QString &path = all[i];
         const bool isThere = QFileInfo::exists(path);
-        QAction *action = menu.addAction(menuText(i + 1, path), this,
+        QAction *action = menu.addAction(menuText(i + 1, name(path), path), this,
                                          [this, path] { Q_EMIT openRequested(path); });
         action->setEnabled(isThere);
         action->setToolTip(isThere ? path : tr("%1 is no longer there").arg(path));

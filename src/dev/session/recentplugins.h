@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QVariant>
 
 #include <zpplugin_dev_export.h>
 
@@ -20,11 +21,13 @@ public:
     explicit RecentPlugins(QSettings &settings, QObject *parent = nullptr);
 
     QStringList paths() const;
+    //! The name of the library that was there; the last part of the path if it is unknown.
+    QString name(const QString &path) const;
     //! Puts a path on top; the oldest goes when there are more than ten.
-    void add(const QString &path);
+    void add(const QString &path, const QString &name = {});
     void clear();
-    //! Has the menu filled each time it opens: an action a path, disabled when nothing is there any
-    //! more, and one that clears the list.
+    //! Has the menu filled each time it opens: an action a plugin, disabled when nothing is there
+    //! any more, and one that clears the list.
     void fill(QMenu &menu);
 
 Q_SIGNALS:
@@ -33,7 +36,7 @@ Q_SIGNALS:
 
 private:
     void refill(QMenu &menu);
-    void store(const QStringList &paths);
+    void store(const QStringList &paths, const QVariantMap &names);
 
     QSettings &m_settings;
 };

@@ -44,36 +44,36 @@ MessageBar::MessageBar(QWidget *parent)
 
 void MessageBar::tell(const QString &text)
 {
-    if (m_action)
-        dismiss();
     m_messages += text;
-    QStringList shown = m_messages.mid(0, shownMessages);
-    if (m_messages.size() > shownMessages)
-        shown += tr("and %n more", nullptr, m_messages.size() - shownMessages);
-    show(shown.join(QLatin1Char('\n')));
-    m_button->hide();
+    showAll();
 }
 
 void MessageBar::offer(const QString &text, const QString &buttonText,
                        const std::function<void()> &action)
 {
-    dismiss();
+    m_offer = text;
     m_action = action;
     m_button->setText(buttonText);
-    show(text);
-    m_button->show();
+    showAll();
 }
 
-void MessageBar::show(const QString &text)
+void MessageBar::showAll()
 {
-    m_text->setText(text);
-    setAccessibleDescription(text);
-    QFrame::show();
+    QStringList shown = m_messages.mid(0, shownMessages);
+    if (m_messages.size() > shownMessages)
+        shown += tr("and %n more", nullptr, m_messages.size() - shownMessages);
+    if (!m_offer.isEmpty())
+        shown += m_offer;
+    m_text->setText(shown.join(QLatin1Char('\n')));
+    m_button->setVisible(!m_offer.isEmpty());
+    setAccessibleDescription(m_text->text());
+    show();
 }
 
 void MessageBar::dismiss()
 {
     m_messages.clear();
+    m_offer.clear();
     m_action = nullptr;
     hide();
 }

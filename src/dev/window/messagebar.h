@@ -10,8 +10,8 @@ class QToolButton;
 
 namespace NARV::DEV {
 
-//! Tells something at the top of the window, without stopping anything. Further messages join the
-//! one that is shown.
+//! Tells something at the top of the window, without stopping anything. Further messages join what
+//! is shown.
 class MessageBar : public QFrame
 {
     Q_OBJECT
@@ -25,11 +25,12 @@ public:
     void dismiss();
 
 private:
-    void show(const QString &text);
+    void showAll();
 
     QLabel *m_text;
     QToolButton *m_button;
     QStringList m_messages;
+    QString m_offer; //!< empty for none
     std::function<void()> m_action;
 };
 

@@ -1,6 +1,7 @@
 #include "window/theme.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QPalette>
 
 namespace NARV::DEV {
 
@@ -16,13 +17,13 @@ struct RoleColor
 } // namespace
 
 static const RoleColor colors[] = {
-    {QPalette::Window, 0xfff0f1f3, 0xff26292e},
+    {QPalette::Window, 0xfff0f1f3, 0xff1f2226},
     {QPalette::WindowText, 0xff1d2126, 0xffe6e8ea},
-    {QPalette::Base, 0xffffffff, 0xff1b1e22},
-    {QPalette::AlternateBase, 0xfff5f6f8, 0xff22252a},
+    {QPalette::Base, 0xffffffff, 0xff2b2f35},
+    {QPalette::AlternateBase, 0xfff5f6f8, 0xff31353c},
     {QPalette::Text, 0xff1d2126, 0xffe6e8ea},
     {QPalette::PlaceholderText, 0xff646b75, 0xff9aa2ad},
-    {QPalette::Button, 0xffe6e8eb, 0xff33373d},
+    {QPalette::Button, 0xffe6e8eb, 0xff3a3f47},
     {QPalette::ButtonText, 0xff1d2126, 0xffe6e8ea},
     {QPalette::BrightText, 0xffffffff, 0xffffffff},
     {QPalette::ToolTipBase, 0xff1d2126, 0xffe6e8ea},
@@ -39,17 +40,23 @@ static const RoleColor colors[] = {
 
 static const QRgb disabledText[] = {0xff8a9099, 0xff767d87};
 
-QPalette themePalette(Theme theme)
+static QPalette themePalette(Theme theme)
 {
-    if (theme == Theme::System)
-        return QGuiApplication::palette();
-    const bool isDark = theme == Theme::Dark;
     QPalette palette;
+    if (theme == Theme::System)
+        return palette;
+    const bool isDark = theme == Theme::Dark;
     for (const RoleColor &color : colors)
         palette.setColor(color.role, QColor(isDark ? color.dark : color.light));
     for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, QColor(disabledText[isDark ? 1 : 0]));
     return palette;
+}
+
+void applyTheme(Theme theme)
+{
+    QApplication::setPalette(QPalette()); // the desktop's, which the theme changes
+    QApplication::setPalette(themePalette(theme));
 }
 
 } // namespace NARV::DEV

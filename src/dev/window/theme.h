@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QPalette>
-
 namespace NARV::DEV {
 
 enum class Theme
@@ -11,6 +9,7 @@ enum class Theme
     Dark
 };
 
-QPalette themePalette(Theme theme);
+//! Gives the whole program the colours of the theme.
+void applyTheme(Theme theme);
 
 } // namespace NARV::DEV

@@ -1,9 +1,11 @@
 #include "window/welcomepage.h"
 
+#include "session/recentplugins.h"
 #include "window/icons.h"
 
 #include <QCommandLinkButton>
 #include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -29,11 +31,12 @@ static QCommandLinkButton *newButton(const QString &text, const QString &descrip
     auto *button = new QCommandLinkButton(text, description);
     button->setIcon(benchIcon(icon));
     button->setAccessibleName(text);
+    button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return button;
 }
 
 WelcomePage::WelcomePage(QWidget *parent)
-    : QWidget(parent)
+    : QScrollArea(parent)
     , m_recent(new QVBoxLayout)
 {
     setObjectName(QStringLiteral("welcome"));
@@ -65,25 +68,32 @@ WelcomePage::WelcomePage(QWidget *parent)
     auto *content = new QWidget;
     content->setLayout(column);
     content->setMaximumWidth(contentWidth);
-    auto *row = new QHBoxLayout(this);
+    auto *page = new QWidget;
+    auto *row = new QHBoxLayout(page);
     row->addStretch(1);
     row->addWidget(content, 100);
     row->addStretch(1);
+    setWidget(page);
+    setWidgetResizable(true);
+    setFrameShape(NoFrame);
+    setFocusProxy(folder);
 }
 
-void WelcomePage::setRecent(const QStringList &paths)
+void WelcomePage::showRecent(const RecentPlugins &recent)
 {
     while (QLayoutItem *item = m_recent->takeAt(0)) {
         delete item->widget();
         delete item;
     }
+    const QStringList paths = recent.paths().mid(0, shownRecent);
     if (paths.isEmpty())
         return;
     m_recent->addSpacing(8);
     m_recent->addWidget(newLabel(tr("Opened lately"), 1.1, true));
-    for (const QString &path : paths.mid(0, shownRecent)) {
-        auto *button = newButton(QDir(path).dirName(), QDir::toNativeSeparators(path),
-                                 QStringLiteral("recent"));
+    for (const QString &path : paths) {
+        auto *button =
+            newButton(recent.name(path), QDir::toNativeSeparators(path), QStringLiteral("recent"));
+        button->setEnabled(QFileInfo::exists(path));
         connect(button, &QCommandLinkButton::clicked, this,
                 [this, path] { Q_EMIT recentRequested(path); });
         m_recent->addWidget(button);

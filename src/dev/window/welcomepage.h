@@ -1,21 +1,22 @@
 #pragma once
 
-#include <QWidget>
+#include <QScrollArea>
 
 class QVBoxLayout;
 
 namespace NARV::DEV {
 
+class RecentPlugins;
+
 //! What the window shows while no plugin is open: what to do next.
-class WelcomePage : public QWidget
+class WelcomePage : public QScrollArea
 {
     Q_OBJECT
 
 public:
     explicit WelcomePage(QWidget *parent = nullptr);
 
-    //! Paths of plugins opened before, the last first.
-    void setRecent(const QStringList &paths);
+    void showRecent(const RecentPlugins &recent);
 
 Q_SIGNALS:
     void openFolderRequested();

@@ -9,6 +9,7 @@
 #include <QDragEnterEvent>
 #include <QMainWindow>
 #include <QMimeData>
+#include <QStackedWidget>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -248,8 +249,10 @@ void WidgetLibraryPluginTestWidget::dropEvent(QDropEvent *event)
 void WidgetLibraryPluginTestWidget::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (!std::exchange(d_ptr->hasBeenShown, true))
-        d_ptr->view->zoomToFit();
+    if (std::exchange(d_ptr->hasBeenShown, true))
+        return;
+    d_ptr->view->zoomToFit();
+    d_ptr->pages->currentWidget()->setFocus();
 }
 
 } // namespace NARV::DEV

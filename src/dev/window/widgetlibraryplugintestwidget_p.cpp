@@ -17,6 +17,7 @@
 
 #include <QClipboard>
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -25,6 +26,7 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QStackedWidget>
+#include <QStatusBar>
 
 #include <memory>
 
@@ -71,19 +73,12 @@ void Private::connectParts()
 {
     connect(&session, &PluginSession::loaded, this, [this] {
         if (recent)
-            recent->add(session.path());
+            recent->add(session.path(), libraryName());
         showOutcome();
         Q_EMIT q_ptr->pluginLoaded();
     });
-    connect(&session, &PluginSession::failed, this, [this](const LoadFailure &reason) {
-        failure->setFailure(reason);
-        pages->setCurrentWidget(failure);
-        updateActions();
-        QStringList lines = QStringList(reason.title) + reason.words;
-        lines += reason.advice;
-        lines.removeAll(QString());
-        Q_EMIT q_ptr->pluginFailed(lines.join(QLatin1Char('\n')));
-    });
+    connect(&session, &PluginSession::failed, this, &Private::showFailure);
+    connect(&session, &PluginSession::probingChanged, this, &Private::showProbing);
     connect(&session, &PluginSession::closed, this, &Private::showOutcome);
     connect(welcome, &WelcomePage::openFolderRequested, this, &Private::chooseFolder);
     connect(welcome, &WelcomePage::openLibraryRequested, this, &Private::chooseLibrary);
@@ -162,6 +157,26 @@ void Private::showOutcome()
         pages->setCurrentWidget(welcome);
     showTitle();
     updateActions();
+}
+
+void Private::showFailure(const LoadFailure &reason)
+{
+    failure->setFailure(reason);
+    pages->setCurrentWidget(failurePage);
+    updateActions();
+    QStringList lines = QStringList(reason.title) + reason.words;
+    lines += reason.advice;
+    lines.removeAll(QString());
+    Q_EMIT q_ptr->pluginFailed(lines.join(QLatin1Char('\n')));
+}
+
+void Private::showProbing()
+{
+    if (session.isProbing())
+        frame->statusBar()->showMessage(
+            tr("Trying %1 in a process of its own…").arg(QDir::toNativeSeparators(session.path())));
+    else
+        frame->statusBar()->clearMessage();
 }
 
 //! A dialogue for files that does not stop the program.
@@ -359,11 +374,16 @@ void Private::chooseBackground()
 
 // The window
 
+QString Private::libraryName() const
+{
+    return session.library()->name().get(document.language(), true);
+}
+
 void Private::showTitle()
 {
     QStringList parts;
-    if (const auto *library = session.library())
-        parts += library->name().get(document.language(), true);
+    if (session.isLoaded())
+        parts += libraryName();
     parts += keeper.path().isEmpty() ? tr("new page") : QFileInfo(keeper.path()).fileName();
     parts += tr("Test bench");
     q_ptr->setWindowTitle(parts.join(QStringLiteral(" – ")) + QLatin1String("[*]"));
@@ -373,7 +393,7 @@ void Private::showTitle()
 void Private::setTheme(Theme chosen)
 {
     theme = chosen;
-    q_ptr->setPalette(themePalette(chosen));
+    applyTheme(chosen);
     if (settings)
         settings->setValue(QStringLiteral("theme"), int(chosen));
 }
@@ -381,12 +401,13 @@ void Private::setTheme(Theme chosen)
 void Private::useSettings()
 {
     recent = new RecentPlugins(*settings, this);
-    welcome->setRecent(recent->paths());
+    welcome->showRecent(*recent);
     recent->fill(*actions[QStringLiteral("recent")]->menu());
     connect(recent, &RecentPlugins::openRequested, this, &Private::openPlugin);
-    connect(recent, &RecentPlugins::changed, this, [this] { welcome->setRecent(recent->paths()); });
+    connect(recent, &RecentPlugins::changed, this, [this] { welcome->showRecent(*recent); });
     const int chosen = settings->value(QStringLiteral("theme")).toInt();
-    setTheme(Theme(qBound(0, chosen, int(Theme::Dark))));
+    if (chosen > 0)
+        setTheme(Theme(qMin(chosen, int(Theme::Dark))));
     document.setLanguage(
         settings->value(QStringLiteral("language"), document.language()).toString());
     connect(&document, &SceneDocument::languageChanged, this,

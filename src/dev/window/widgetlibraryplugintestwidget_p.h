@@ -79,6 +79,7 @@ public:
     QStackedWidget *pages;
     WelcomePage *welcome;
     FailureCard *failure;
+    QWidget *failurePage;
     PageView *view;
     MessageBar *messages;
     PropertyPanel *properties = nullptr;
@@ -104,6 +105,9 @@ private:
     void placeInView(const QString &widgetId, const QString &version);
     void showContextMenu(const QPoint &position);
     void saveTo(const QString &path);
+    void showProbing();
+    void showFailure(const LoadFailure &reason);
+    QString libraryName() const;
     void showTitle();
     void updateActions();
 };

@@ -35,6 +35,16 @@ namespace NARV::DEV {
 
 using Private = WidgetLibraryPluginTestWidgetPrivate;
 
+static QWidget *centred(QWidget *content)
+{
+    auto *page = new QWidget;
+    auto *row = new QHBoxLayout(page);
+    row->addStretch(1);
+    row->addWidget(content, 100);
+    row->addStretch(1);
+    return page;
+}
+
 void Private::buildFrame()
 {
     frame->setWindowFlags(Qt::Widget);
@@ -42,7 +52,8 @@ void Private::buildFrame()
                           QMainWindow::AllowTabbedDocks);
     frame->setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     pages->addWidget(welcome);
-    pages->addWidget(failure);
+    failurePage = centred(failure);
+    pages->addWidget(failurePage);
     pages->addWidget(view);
     auto *central = new QWidget;
     auto *column = new QVBoxLayout(central);
@@ -125,7 +136,11 @@ void Private::addAction(QMenu *menu, const ActionEntry &entry)
     action->setShortcut(QKeySequence::fromString(QLatin1String(entry.shortcut)));
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     action->setCheckable(entry.isCheckable);
-    frame->addAction(action);
+    // In the tables of the panels these keys mean something else.
+    const bool belongsToPage = entry.need == ActionEntry::Page ||
+                               entry.need == ActionEntry::Selection ||
+                               entry.need == ActionEntry::Several;
+    (belongsToPage ? static_cast<QWidget *>(view) : frame)->addAction(action);
     actions.insert(name, action);
     const auto trigger = entry.trigger;
     if (trigger)
@@ -172,9 +187,10 @@ void Private::addThemeActions(QMenu *menu)
     for (int i = 0; i < names.size(); ++i) {
         QAction *action = menu->addAction(names[i]);
         action->setCheckable(true);
-        action->setChecked(i == 0);
         group->addAction(action);
         connect(action, &QAction::triggered, this, [this, i] { setTheme(Theme(i)); });
+        connect(menu, &QMenu::aboutToShow, action,
+                [this, action, i] { action->setChecked(int(theme) == i); });
     }
 }
 
@@ -223,8 +239,10 @@ void Private::buildStatusBar()
     connect(&document, &SceneDocument::modeChanged, mode, showMode);
     showMode();
     bar->addWidget(gesture, 1);
-    bar->addPermanentWidget(mode);
-    bar->addPermanentWidget(zoom);
+    for (QLabel *label : {mode, zoom}) {
+        label->setMargin(4);
+        bar->addPermanentWidget(label);
+    }
 }
 
 } // namespace NARV::DEV

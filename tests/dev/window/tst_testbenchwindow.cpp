@@ -1,0 +1,350 @@
+#include "guardedtest.h"
+
+#include "properties/propertymodel.h"
+#include "properties/propertyview.h"
+#include "scene/pageview.h"
+#include "window/widgetlibraryplugintestwidget.h"
+
+#include <NARV/GraphicsObject>
+#include <NARV/INTERNAL/Init>
+
+#include <QAction>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QGraphicsScene>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <QTreeView>
+
+#include <memory>
+
+using namespace NARV::DEV;
+using Bench = WidgetLibraryPluginTestWidget;
+
+//! The window as a person uses it: by mouse and keys.
+class tst_TestBenchWindow : public GuardedTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { NARV::INTERNAL::narvInit(QIcon()); }
+    void init();
+    void cleanup();
+    void firstMinute();
+    void keysBelongToWhatHasTheFocus();
+    void failedLoad();
+    void reloadKeepsThePage();
+    void unsavedWorkIsOfferedAgain();
+    void remembersTheWindow();
+    void everythingHasANameAndAnIcon();
+
+private:
+    void openBench();
+    template<class T>
+    T &part(const char *name)
+    {
+        T *found = *name ? m_bench->findChild<T *>(u(name)) : m_bench->findChild<T *>();
+        if (!found)
+            qFatal("the window has no %s", name);
+        return *found;
+    }
+    QAction &action(const char *name) { return part<QAction>(name); }
+    void showDock(const char *title);
+    void press(const char *keys);
+    PropertyView &properties() { return part<PropertyView>("propertyTree"); }
+    void selectProperty(const char *field);
+    void typeInto(const QString &text);
+    QImage picture() const { return m_bench->renderPage(); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<QSettings> m_settings;
+    std::unique_ptr<Bench> m_bench;
+};
+
+void tst_TestBenchWindow::init()
+{
+    startGuard();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_settings =
+        std::make_unique<QSettings>(m_folder->filePath(u("settings.ini")), QSettings::IniFormat);
+    openBench();
+}
+
+void tst_TestBenchWindow::cleanup()
+{
+    m_bench.reset();
+    m_settings.reset();
+    takeLog();
+    checkGuard();
+}
+
+void tst_TestBenchWindow::openBench()
+{
+    m_bench.reset();
+    m_bench = std::make_unique<Bench>();
+    m_bench->resize(1280, 800);
+    m_bench->setSettings(m_settings.get(), m_folder->filePath(u("unsaved")));
+    m_bench->show();
+    m_bench->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_bench.get()));
+}
+
+//! By a click on its tab.
+void tst_TestBenchWindow::showDock(const char *title)
+{
+    for (QTabBar *bar : m_bench->findChildren<QTabBar *>()) {
+        for (int i = 0; i < bar->count(); ++i) {
+            if (bar->tabText(i) == u(title))
+                QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(i).center());
+        }
+    }
+}
+
+void tst_TestBenchWindow::press(const char *keys)
+{
+    const QKeySequence sequence = QKeySequence::fromString(u(keys));
+    const int key = sequence[0];
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key(key & ~Qt::KeyboardModifierMask),
+                    Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask));
+}
+
+void tst_TestBenchWindow::selectProperty(const char *field)
+{
+    PropertyView &tree = properties();
+    auto &search = part<QLineEdit>("propertySearch");
+    search.setFocus();
+    search.clear();
+    QTest::keyClicks(&search, u(field));
+    press("Down");
+    QCOMPARE(QApplication::focusWidget(), &tree);
+    for (int i = 0; i < 20 && tree.currentIndex().data(PropertyModel::IdRole) != u(field); ++i)
+        press("Down");
+    QCOMPARE(tree.currentIndex().data(PropertyModel::IdRole).toString(), u(field));
+}
+
+//! Into the editor that is open, and closes it.
+void tst_TestBenchWindow::typeInto(const QString &text)
+{
+    QTest::keyClicks(QApplication::focusWidget(), text);
+    press("Return");
+}
+
+// What a new user does, with nothing but what the window shows.
+void tst_TestBenchWindow::firstMinute()
+{
+    press("Space"); // the first button of the welcome page
+    auto &path = *part<QFileDialog>("").findChild<QLineEdit *>(u("fileNameEdit"));
+    path.setFocus();
+    path.setText(QDir::cleanPath(QStringLiteral(GALLERY_LIBRARY) + u("/../../..")));
+    QTest::keyClick(&path, Qt::Key_Return);
+    QTRY_VERIFY(m_bench->isPluginLoaded());
+    m_bench->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_bench.get()));
+
+    // Place a widget from the palette by keys, another one by a double click.
+    auto &words = *part<QWidget>("palettePanel").findChild<QLineEdit *>(u("words"));
+    QTest::mouseClick(&words, Qt::LeftButton);
+    QTest::keyClicks(&words, u("gauge"));
+    press("Return");
+    QCOMPARE(m_bench->widgetNames(), QStringList(u("gauge")));
+    words.clear();
+    QTest::keyClicks(&words, u("alarm list"));
+    auto &tree = part<QTreeView>("widgets");
+    QModelIndex item = tree.model()->index(0, 0);
+    while (tree.model()->hasChildren(item))
+        item = tree.model()->index(0, 0, item);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(item).center());
+    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(item).center());
+    QCOMPARE(m_bench->widgetNames(), QStringList({u("gauge"), u("alarmList")}));
+
+    // Select the gauge on the page, change a field.
+    auto &page = part<PageView>("page");
+    const QRectF gauge = m_bench->widgetGeometry(u("gauge"));
+    m_bench->setWidgetGeometry(u("alarmList"), QRectF(0, 400, 800, 320));
+    QTest::mouseClick(page.viewport(), Qt::LeftButton, {}, page.mapFromScene(gauge.center()));
+    const QImage before = picture();
+    selectProperty("value");
+    press("F2");
+    typeInto(u("75"));
+    QCOMPARE(m_bench->fieldValue(u("gauge"), u("value")), QVariant(75.0));
+    QVERIFY(picture() != before);
+    page.setFocus();
+    press("Ctrl+Z");
+    QCOMPARE(picture(), before);
+    press("Ctrl+Shift+Z");
+
+    // Attach a tag and move it.
+    selectProperty("value");
+    press("Ctrl+T");
+    typeInto(u("level"));
+    showDock("Tags");
+    auto &value = part<QLineEdit>("tagValue");
+    QTest::mouseClick(&value, Qt::LeftButton);
+    value.selectAll();
+    typeInto(u("33"));
+    QTRY_COMPARE(m_bench->fieldValue(u("gauge"), u("value")), QVariant(33.0));
+
+    // Run the page, raise an alarm.
+    page.setFocus();
+    press("F5");
+    QVERIFY(m_bench->isRuntimeMode() && m_bench->isTimeRunning());
+    action("play").trigger();
+    const QImage quiet = picture();
+    showDock("Alarms");
+    auto &alarms = part<QTableView>("alarmsTable");
+    alarms.selectRow(1);
+    QTest::mouseClick(&part<QToolButton>("alarms.alarm"), Qt::LeftButton);
+    QTRY_VERIFY(picture() != quiet);
+    QCOMPARE(alarms.model()->index(1, 1).data().toString(), u("triggered, not acknowledged"));
+}
+
+// Deleting a tag does not delete the selected widget.
+void tst_TestBenchWindow::keysBelongToWhatHasTheFocus()
+{
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    m_bench->placeWidget(u("lamp"), {}, {100, 100});
+    showDock("Tags");
+    auto &tags = part<QTableView>("tagsTable");
+    const int count = tags.model()->rowCount();
+    tags.setFocus();
+    press("Del");
+    QCOMPARE(m_bench->widgetNames().size(), 1);
+    press("Ctrl+D");
+    QCOMPARE(m_bench->widgetNames().size(), 1);
+    QVERIFY(tags.model()->rowCount() != count || tags.currentIndex().isValid());
+    part<PageView>("page").setFocus();
+    press("Ctrl+D");
+    QCOMPARE(m_bench->widgetNames().size(), 2);
+    press("Del");
+    QCOMPARE(m_bench->widgetNames().size(), 1);
+}
+
+void tst_TestBenchWindow::failedLoad()
+{
+    QSignalSpy failed(m_bench.get(), &Bench::pluginFailed);
+    m_bench->openPlugin(QStringLiteral(NO_PLUGIN));
+    QCOMPARE(failed.count(), 1);
+    takeLog();
+    QVERIFY(part<QPlainTextEdit>("words").isVisible());
+    QVERIFY(!part<QPlainTextEdit>("words").toPlainText().isEmpty());
+    QVERIFY(part<QPushButton>("openAnother").isVisible());
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    QVERIFY(m_bench->isPluginLoaded() && part<PageView>("page").isVisible());
+}
+
+static void replace(const QString &with, const QString &path)
+{
+    QFile::remove(path);
+    QVERIFY(QFile::copy(with, path));
+}
+
+// Built anew by the author, with one field less: the bench sees it by itself.
+void tst_TestBenchWindow::reloadKeepsThePage()
+{
+    const QString library = m_folder->filePath(u("library.so"));
+    replace(QStringLiteral(BUILD_1), library);
+    m_bench->openPlugin(library);
+    const QString name = m_bench->placeWidget(u("sign"), {}, {200, 200});
+    m_bench->setWidgetGeometry(name, {20, 30, 40, 50}, 30);
+    QVERIFY(m_bench->setFieldValue(name, u("level"), 5.5));
+    QVERIFY(m_bench->setFieldValue(name, u("note1"), u("kept?")));
+    QVERIFY(m_bench->bindField(name, u("level"), u("level")));
+    QVERIFY(m_bench->setTagValue(u("level"), 7.0));
+    auto &page = part<PageView>("page");
+    page.setZoom(1.5);
+    QSignalSpy loaded(m_bench.get(), &Bench::pluginLoaded);
+    QSignalSpy notices(m_bench.get(), &Bench::notice);
+    replace(QStringLiteral(BUILD_2), library);
+    QTRY_COMPARE_WITH_TIMEOUT(loaded.count(), 1, 10000);
+    QCOMPARE(page.zoom(), 1.5);
+    QCOMPARE(m_bench->widgetGeometry(name), QRectF(20, 30, 40, 50));
+    QTRY_COMPARE(m_bench->fieldValue(name, u("level")), QVariant(7.0));
+    QVERIFY(properties().model()->rowCount() > 0); // it is still selected
+    bool isNew = false;
+    for (QGraphicsItem *item : page.scene()->items()) {
+        const QGraphicsObject *object = item->toGraphicsObject();
+        isNew |= object && object->objectName() == u("2");
+    }
+    QVERIFY(isNew);
+    QCOMPARE(notices.count(), 1);
+    QVERIFY(notices.first().first().toString().contains(u("note1")));
+    QVERIFY(part<QWidget>("messageBar").isVisible());
+    action("undo").trigger(); // what was done before can still be undone
+}
+
+void tst_TestBenchWindow::unsavedWorkIsOfferedAgain()
+{
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    m_bench->placeWidget(u("lamp"), {}, {100, 100});
+    QVERIFY(m_bench->isWindowModified());
+    m_bench->close();
+    openBench();
+    auto &offer = part<QToolButton>("messageAction");
+    QVERIFY(offer.isVisible());
+    QTest::mouseClick(&offer, Qt::LeftButton);
+    QCOMPARE(m_bench->widgetNames(), QStringList(u("lamp")));
+    QVERIFY(m_bench->saveScene(m_folder->filePath(u("page.json"))));
+    QVERIFY(!m_bench->isWindowModified());
+    openBench();
+    QVERIFY(!part<QToolButton>("messageAction").isVisible());
+}
+
+void tst_TestBenchWindow::remembersTheWindow()
+{
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    m_bench->setLanguage(u("de-DE"));
+    part<QDockWidget>("trend").close();
+    m_bench->resize(1000, 760);
+    m_bench->close();
+    openBench();
+    QCOMPARE(m_bench->language(), u("de-DE"));
+    QCOMPARE(m_bench->size(), QSize(1000, 760));
+    QVERIFY(part<QDockWidget>("trend").isHidden());
+    QCOMPARE(action("recent").menu()->actions().first()->data().toString(),
+             QStringLiteral(GALLERY_LIBRARY));
+}
+
+// A drawing that is missing is a warning, which fails the test; this is about the rest.
+void tst_TestBenchWindow::everythingHasANameAndAnIcon()
+{
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    QSet<QString> shortcuts;
+    for (QAction *menu : m_bench->findChild<QMenuBar *>()->actions()) {
+        for (QAction *entry : menu->menu()->actions()) {
+            if (entry->isSeparator())
+                continue;
+            QVERIFY2(!entry->icon().isNull(), qPrintable(entry->text()));
+            const QString keys = entry->shortcut().toString();
+            QVERIFY2(keys.isEmpty() || !shortcuts.contains(keys), qPrintable(keys));
+            shortcuts.insert(keys);
+        }
+    }
+    for (QWidget *widget : m_bench->findChildren<QWidget *>()) {
+        // A label's text is its name; the rest is inside the toolkit's controls.
+        const bool isOwn = !qobject_cast<QLabel *>(widget) &&
+                           !widget->objectName().startsWith(u("qt_")) &&
+                           !qobject_cast<QTabBar *>(widget) && !qobject_cast<QMenu *>(widget) &&
+                           !widget->parentWidget()->inherits("QComboBoxPrivateContainer");
+        if (widget->focusPolicy() == Qt::NoFocus || widget->isHidden() || !isOwn)
+            continue;
+        const auto *button = qobject_cast<QAbstractButton *>(widget);
+        const bool hasText = button && (!button->text().isEmpty() || !button->toolTip().isEmpty());
+        QVERIFY2(hasText || !widget->accessibleName().isEmpty(),
+                 qPrintable(u(widget->metaObject()->className()) + u(" ") + widget->objectName()));
+    }
+}
+
+QTEST_MAIN(tst_TestBenchWindow)
+#include "tst_testbenchwindow.moc"
