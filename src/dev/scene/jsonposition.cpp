@@ -4,8 +4,10 @@
 
 namespace NARV::DEV {
 
-QString lineAndColumn(const QByteArray &text, int offset)
+// The parser of the toolkit says of a text that ends too early that the fault is behind its end.
+QString lineAndColumn(const QByteArray &text, int told)
 {
+    const int offset = qMin(told, text.size());
     const QByteArray before = text.left(offset);
     const int lineStart = before.lastIndexOf('\n') + 1;
     return QStringLiteral("%1:%2").arg(before.count('\n') + 1).arg(offset - lineStart + 1);

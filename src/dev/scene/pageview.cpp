@@ -2,6 +2,7 @@
 
 #include "scene/handlegeometry.h"
 #include "scene/pagedrag.h"
+#include "scene/thrownby.h"
 #include "touch/touchsimulator.h"
 
 #include <QApplication>
@@ -165,8 +166,19 @@ QImage PageView::render(SceneDocument &document, double scale)
     painter.scale(scale, scale);
     drawPage(painter, document.page());
     painter.restore();
-    document.graphicsScene().render(&painter, image.rect(), QRectF(QPointF(), size));
+    const QString thrown = thrownBy(
+        [&] { document.graphicsScene().render(&painter, image.rect(), QRectF(QPointF(), size)); });
+    if (!thrown.isEmpty())
+        document.findBroken();
     return image;
+}
+
+// An exception must not get into the toolkit, which would end the program.
+void PageView::paintEvent(QPaintEvent *event)
+{
+    const QString thrown = thrownBy([&] { QGraphicsView::paintEvent(event); });
+    if (!thrown.isEmpty())
+        m_document.findBroken();
 }
 
 void PageView::drawBackground(QPainter *painter, const QRectF &exposed)
@@ -285,7 +297,11 @@ bool PageView::viewportEvent(QEvent *event)
         event->ignore();
         return false;
     }
-    return QGraphicsView::viewportEvent(event);
+    bool isTaken = true;
+    const QString thrown = thrownBy([&] { isTaken = QGraphicsView::viewportEvent(event); });
+    if (!thrown.isEmpty())
+        m_document.tell(tr("A widget has thrown while it got input: %1").arg(thrown));
+    return isTaken;
 }
 
 const Handle *PageView::handleAt(const QPoint &position) const

@@ -2,6 +2,7 @@
 
 #include "data/testdata.h"
 #include "scene/placeholderitem.h"
+#include "scene/thrownby.h"
 
 #include <NARV/AlarmInfo>
 #include <NARV/GraphicsObjectPrivate>
@@ -12,7 +13,9 @@
 #include <NARV/WidgetLibraryPluginPrivate>
 
 #include <QGraphicsScene>
+#include <QPainter>
 #include <QSet>
+#include <QStyleOptionGraphicsItem>
 
 #include <algorithm>
 
@@ -179,17 +182,17 @@ QStringList PlacedWidget::make(const WidgetHost &host)
     QStringList problems;
     if (m_description.isValid()) {
         problems = readValues();
-        makeWidget();
+        guard(tr("while it was made"), [this] { makeWidget(); });
     } else if (host.library) {
         problems += tr("%1: the library has no widget \"%2\" in version %3")
                         .arg(name(), m_state.widgetId, m_state.version);
     }
     if (!m_item)
-        makePlaceholder();
+        makePlaceholder(missingReason());
     setStackingPosition(m_stackingPosition);
-    placeItem();
+    guard(tr("while it was resized"), [this] { placeItem(); });
     if (m_widget)
-        widget()->init();
+        guard(tr("in init()"), [this] { widget()->init(); });
     Q_EMIT instanceChanged();
     return problems;
 }
@@ -230,15 +233,58 @@ void PlacedWidget::makeWidget()
         widget()->setFieldValue(id, hostValue(id), true, false);
     connect(widget(), &WidgetPrivate::fieldIsChanged, this, &PlacedWidget::takeWrite);
     m_item = widget()->newGraphicsObjectInstance();
-    if (m_item)
-        m_host.scene->addItem(m_item);
+    if (!m_item)
+        return;
+    m_host.scene->addItem(m_item);
+    connect(m_item, &QObject::destroyed, this,
+            [this] { breakLater(tr("has deleted its own graphics object")); });
 }
 
-void PlacedWidget::makePlaceholder()
+QString PlacedWidget::missingReason() const
 {
-    const QString reason = !m_host.library            ? tr("No library is loaded")
-                           : !m_description.isValid() ? tr("The library has no such widget")
-                                                      : tr("The widget could not be made");
+    if (!m_host.library)
+        return tr("No library is loaded");
+    return m_description.isValid() ? tr("The widget could not be made")
+                                   : tr("The library has no such widget");
+}
+
+//! Calls code of the widget, which may throw.
+template<typename Call>
+void PlacedWidget::guard(const QString &action, Call call)
+{
+    const QString thrown = thrownBy(call);
+    if (!thrown.isEmpty())
+        breakLater(tr("has thrown %1: %2").arg(action, thrown));
+}
+
+// Not at once, as the widget's code may still be running further up the stack.
+void PlacedWidget::breakLater(const QString &reason)
+{
+    const NARV::Widget *culprit = m_widget.get();
+    const auto breakDown = [this, culprit, reason] {
+        if (m_widget.get() != culprit)
+            return; // made anew since
+        unmake();
+        makePlaceholder(tr("The widget %1").arg(reason));
+        setStackingPosition(m_stackingPosition);
+        placeItem();
+        Q_EMIT broken(reason);
+    };
+    QMetaObject::invokeMethod(this, breakDown, Qt::QueuedConnection);
+}
+
+void PlacedWidget::tryPaint()
+{
+    if (!m_item)
+        return;
+    QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&nothing);
+    const QStyleOptionGraphicsItem option;
+    guard(tr("in paint()"), [&] { m_item->paint(&painter, &option, nullptr); });
+}
+
+void PlacedWidget::makePlaceholder(const QString &reason)
+{
     const QString title = m_state.widgetId + QLatin1Char(' ') + m_state.version;
     m_placeholder = std::make_unique<PlaceholderItem>(title, reason);
     m_host.scene->addItem(m_placeholder.get());
@@ -248,9 +294,11 @@ void PlacedWidget::unmake()
 {
     if (!m_widget && !m_placeholder)
         return;
+    if (m_item)
+        m_item->disconnect(this);
     if (m_widget) {
         disconnect(widget(), nullptr, this, nullptr);
-        widget()->deinit();
+        thrownBy([this] { widget()->deinit(); });
     }
     delete m_item;
     m_placeholder.reset();
@@ -331,15 +379,21 @@ void PlacedWidget::apply(const WidgetState &from, const WidgetState &to)
     m_state.position = to.position;
     m_state.size = to.size;
     m_state.rotation = to.rotation;
-    placeItem();
+    guard(tr("while it was resized"), [this] { placeItem(); });
     Q_EMIT geometryChanged();
 }
 
 void PlacedWidget::giveField(const QString &fieldId)
 {
     if (m_widget && field(fieldId).isValid())
-        widget()->setFieldValue(fieldId, hostValue(fieldId), true, true);
+        tellField(fieldId, hostValue(fieldId));
     Q_EMIT fieldChanged(fieldId);
+}
+
+void PlacedWidget::tellField(const QString &fieldId, const QVariant &value)
+{
+    guard(tr("when %1 changed").arg(fieldId),
+          [&] { widget()->setFieldValue(fieldId, value, true, true); });
 }
 
 void PlacedWidget::setLanguage(const QString &code)
@@ -355,14 +409,14 @@ void PlacedWidget::takeTag(const QString &fieldId, const QVariant &value)
 {
     if (!m_widget)
         return;
-    widget()->setFieldValue(fieldId, value, true, true);
+    tellField(fieldId, value);
     Q_EMIT fieldChanged(fieldId);
 }
 
 void PlacedWidget::takeAlarm(const NARV::AlarmInfo &alarm)
 {
     if (m_widget && m_description.receiveAlarmsEvents())
-        widget()->alarmEvent(alarm);
+        guard(tr("at an alarm"), [&] { widget()->alarmEvent(alarm); });
 }
 
 void PlacedWidget::takeWrite(const QString &fieldId, const QVariant &value)

@@ -93,8 +93,13 @@ public:
     //! Hands the value of the tag to each field that it is bound to.
     void takeTag(const QString &fieldId, const QVariant &value);
     void takeAlarm(const NARV::AlarmInfo &alarm);
+    //! Tries whether the item can be painted; one that cannot breaks.
+    void tryPaint();
 
 Q_SIGNALS:
+    //! The widget's own code went wrong in a way that it cannot go on after. A placeholder that
+    //! says why stands in its place until it is made anew.
+    void broken(const QString &reason);
     //! A field has another value or binding, whoever caused it.
     void fieldChanged(const QString &fieldId);
     //! The widget's own code has written a field: the value as it is stored.
@@ -113,9 +118,14 @@ private:
     QVariant hostValue(const QString &fieldId) const;
     void store(const QString &fieldId, const QVariant &authored);
     void makeWidget();
-    void makePlaceholder();
+    void makePlaceholder(const QString &reason);
+    QString missingReason() const;
+    template<typename Call>
+    void guard(const QString &action, Call call);
+    void breakLater(const QString &reason);
     void placeItem();
     void giveField(const QString &fieldId);
+    void tellField(const QString &fieldId, const QVariant &value);
     void takeWrite(const QString &fieldId, const QVariant &value);
 
     WidgetState m_state;

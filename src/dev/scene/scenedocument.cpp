@@ -427,11 +427,28 @@ void SceneDocument::connectWidget(PlacedWidget &widget)
     connect(&widget, &PlacedWidget::geometryChanged, this, &SceneDocument::geometryChanged);
     connect(&widget, &PlacedWidget::bindingsChanged, this,
             [this] { m_bindingsAreIndexed = false; });
+    connect(&widget, &PlacedWidget::broken, this, [this, &widget](const QString &reason) {
+        m_events.add(EventLog::Kind::Life, widget.name(), reason);
+        Q_EMIT notice(QLatin1Char('"') + widget.name() + QLatin1String("\" ") + reason);
+    });
     connect(&widget, &PlacedWidget::written, this,
             [this, &widget](const QString &fieldId, const QVariant &value) {
                 m_events.add(EventLog::Kind::FieldWrite, widget.name(),
                              fieldId + QLatin1String(" = ") + briefText(value));
             });
+}
+
+// Which one has thrown is found by trying.
+void SceneDocument::findBroken()
+{
+    for (PlacedWidget *widget : qAsConst(m_widgets))
+        widget->tryPaint();
+}
+
+void SceneDocument::tell(const QString &text)
+{
+    m_events.add(EventLog::Kind::Life, {}, text);
+    Q_EMIT notice(text);
 }
 
 // What the widgets hear of

@@ -75,6 +75,10 @@ public:
     const Page &page() const { return m_page; }
     //! Tells the widgets now of tags that have changed; otherwise the event loop does it.
     void deliverPending();
+    //! To be called when the painting of some widget has thrown: finds those whose does.
+    void findBroken();
+    //! Puts a text into the event log and before the person.
+    void tell(const QString &text);
 
     // What follows can be undone.
 

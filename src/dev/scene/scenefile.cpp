@@ -210,7 +210,7 @@ QString SceneFile::withPosition(const QByteArray &text, const QString &problem)
 template<typename Read>
 static bool readText(const QByteArray &text, QString &problem, Read read)
 {
-    if (text.size() > mostBytes) {
+    if (text.size() > SceneFile::mostBytes) {
         problem = lineAndColumn(text, SceneFile::mostBytes) + QLatin1String(": ") +
                   tr("more than %1 MiB are not read").arg(SceneFile::mostBytes >> 20);
         return false;

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void roundTrip();
     void faults_data();
     void faults();
+    void tooMuch();
 };
 
 static Scene sampleScene()
@@ -72,6 +73,7 @@ static const struct
     {"no colour", "#44112233", "dark", "page.background: a colour such as"},
     {"nameless", "gauge 2", "", "widgets[0].name: is empty"},
     {"huge", "-12.5", "1e300", "widgets[0].position: two numbers from"},
+    {"whirling", "\"rotation\": -30", "\"rotation\": 1e300", "widgets[0].rotation: a number from"},
     {"bound to a number", "\"boiler.level\"", "3", "widgets[0].bindings: \"value\" is no text"},
     {"misspelt", "\"rotation\"", "\"rotate\"", "widgets[0].rotate: "},
 };
@@ -97,6 +99,24 @@ void tst_SceneFile::faults()
     // The line is that of the fault or, for what is missing, of the object it is missing in.
     const int told = problem.section(QLatin1Char(':'), 0, 0).toInt();
     QVERIFY2(told >= 1 && told <= line, qPrintable(problem));
+}
+
+// What would keep the program busy for minutes is not begun.
+void tst_SceneFile::tooMuch()
+{
+    Scene scene = sampleScene();
+    for (int i = scene.widgets.size(); i <= 10000; ++i) {
+        scene.widgets += scene.widgets.first();
+        scene.widgets.last().name = QString::number(i);
+    }
+    const QByteArray text = SceneFile::toText(scene);
+    Scene read;
+    QString problem;
+    QVERIFY(!SceneFile::fromText(text, read, problem));
+    QVERIFY2(problem.endsWith(u(": widgets[10000]: a page holds at most 10000 widgets")),
+             qPrintable(problem));
+    QVERIFY(!SceneFile::fromText(text + QByteArray(SceneFile::mostBytes, ' '), read, problem));
+    QVERIFY2(problem.endsWith(u(": more than 64 MiB are not read")), qPrintable(problem));
 }
 
 QTEST_MAIN(tst_SceneFile)
