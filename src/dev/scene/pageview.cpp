@@ -6,10 +6,12 @@
 #include "touch/touchsimulator.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QContextMenuEvent>
 #include <QGraphicsScene>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QScrollBar>
 #include <QtMath>
@@ -173,12 +175,30 @@ QImage PageView::render(SceneDocument &document, double scale)
     return image;
 }
 
-// An exception must not get into the toolkit, which would end the program.
+namespace {
+
+//! What is painted on although the painter is gone. The toolkit keeps the count to itself.
+struct PaintedDevice : QPaintDevice
+{
+    static void release(QPaintDevice &device)
+    {
+        device.*(&PaintedDevice::painters) = 0;
+        device.paintEngine()->setActive(false);
+    }
+};
+
+} // namespace
+
+// An exception that gets to the event loop would end the program. The toolkit's code is not made
+// for one: it leaves its painter at work.
 void PageView::paintEvent(QPaintEvent *event)
 {
     const QString thrown = thrownBy([&] { QGraphicsView::paintEvent(event); });
-    if (!thrown.isEmpty())
-        m_document.findBroken();
+    if (thrown.isEmpty())
+        return;
+    if (QBackingStore *store = viewport()->backingStore())
+        PaintedDevice::release(*store->paintDevice());
+    m_document.findBroken();
 }
 
 void PageView::drawBackground(QPainter *painter, const QRectF &exposed)
