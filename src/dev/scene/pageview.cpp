@@ -17,6 +17,7 @@
 #include <QtMath>
 
 #include <cmath>
+#include <utility>
 
 namespace NARV::DEV {
 
@@ -54,8 +55,8 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     const auto repaint = [this] { viewport()->update(); };
-    connect(&document, &SceneDocument::selectionChanged, this, &PageView::updateOverlay);
-    connect(&document, &SceneDocument::geometryChanged, this, &PageView::updateOverlay);
+    connect(&document, &SceneDocument::selectionChanged, this, &PageView::askForOverlay);
+    connect(&document, &SceneDocument::geometryChanged, this, &PageView::askForOverlay);
     connect(m_touchSimulator.get(), &TouchSimulator::fingersMoved, this, repaint);
     connect(&document, &SceneDocument::pageChanged, this, [this] {
         applyZoom(zoom());
@@ -219,11 +220,14 @@ QPointF PageView::viewPosition(const PlacedWidget &widget, const Handle &handle)
 void PageView::drawSelection(QPainter &painter) const
 {
     const QColor color = palette().color(QPalette::Highlight);
-    painter.setPen(QPen(color, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(color, m_document.selection().size() == 1 ? 1.5 : 1));
     for (const PlacedWidget *widget : m_document.selection()) {
-        painter.setBrush(Qt::NoBrush);
+        // Smooth outlines of a thousand widgets take as long as the widgets themselves.
+        painter.setRenderHint(QPainter::Antialiasing, widget->state().rotation != 0);
         painter.drawPolygon(viewportTransform().map(cornersOf(widget->state())));
     }
+    painter.setRenderHint(QPainter::Antialiasing);
     if (m_document.selection().size() != 1)
         return;
     const PlacedWidget &widget = *m_document.currentWidget();
@@ -274,10 +278,18 @@ QRectF PageView::overlayArea() const
     return area | mapToScene(labelBox()).boundingRect();
 }
 
+// A thousand widgets that move are one change.
+void PageView::askForOverlay()
+{
+    if (!std::exchange(m_overlayIsDue, true))
+        QMetaObject::invokeMethod(this, &PageView::updateOverlay, Qt::QueuedConnection);
+}
+
 // The widgets beneath are painted again where something has changed, not all over the page.
 void PageView::updateOverlay()
 {
     static const int reach = rotationDistance + 2 * handleSize;
+    m_overlayIsDue = false;
     const QRectF area = overlayArea();
     for (const QRectF &changed : {m_overlayArea, area}) {
         if (!changed.isNull())
