@@ -54,6 +54,8 @@ private:
 
 void CsvSeriesReader::fail(const QString &reason, int column)
 {
+    if (m_series.problems.size() == mostProblems)
+        return;
     QString place = m_fileName;
     if (m_line > 0)
         place += tr(", line %1").arg(m_line);

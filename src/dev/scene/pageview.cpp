@@ -6,15 +6,18 @@
 #include "touch/touchsimulator.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QContextMenuEvent>
 #include <QGraphicsScene>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QScrollBar>
 #include <QtMath>
 
 #include <cmath>
+#include <utility>
 
 namespace NARV::DEV {
 
@@ -53,8 +56,8 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     const auto repaint = [this] { viewport()->update(); };
-    connect(&document, &SceneDocument::selectionChanged, this, &PageView::updateOverlay);
-    connect(&document, &SceneDocument::geometryChanged, this, &PageView::updateOverlay);
+    connect(&document, &SceneDocument::selectionChanged, this, &PageView::askForOverlay);
+    connect(&document, &SceneDocument::geometryChanged, this, &PageView::askForOverlay);
     connect(m_touchSimulator.get(), &TouchSimulator::fingersMoved, this, repaint);
     connect(&document, &SceneDocument::pageChanged, this, [this] {
         applyZoom(zoom());
@@ -174,12 +177,30 @@ QImage PageView::render(SceneDocument &document, double scale)
     return image;
 }
 
-// An exception must not get into the toolkit, which would end the program.
+namespace {
+
+//! What is painted on although the painter is gone. The toolkit keeps the count to itself.
+struct PaintedDevice : QPaintDevice
+{
+    static void release(QPaintDevice &device)
+    {
+        device.*(&PaintedDevice::painters) = 0;
+        device.paintEngine()->setActive(false);
+    }
+};
+
+} // namespace
+
+// An exception that gets to the event loop would end the program. The toolkit's code is not made
+// for one: it leaves its painter at work.
 void PageView::paintEvent(QPaintEvent *event)
 {
     const QString thrown = thrownBy([&] { QGraphicsView::paintEvent(event); });
-    if (!thrown.isEmpty())
-        m_document.findBroken();
+    if (thrown.isEmpty())
+        return;
+    if (QBackingStore *store = viewport()->backingStore())
+        PaintedDevice::release(*store->paintDevice());
+    m_document.findBroken();
 }
 
 void PageView::drawBackground(QPainter *painter, const QRectF &exposed)
@@ -200,11 +221,14 @@ QPointF PageView::viewPosition(const PlacedWidget &widget, const Handle &handle)
 void PageView::drawSelection(QPainter &painter) const
 {
     const QColor color = palette().color(QPalette::Highlight);
-    painter.setPen(QPen(color, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(color, m_document.selection().size() == 1 ? 1.5 : 1));
     for (const PlacedWidget *widget : m_document.selection()) {
-        painter.setBrush(Qt::NoBrush);
+        // Smooth outlines of a thousand widgets take as long as the widgets themselves.
+        painter.setRenderHint(QPainter::Antialiasing, widget->state().rotation != 0);
         painter.drawPolygon(viewportTransform().map(cornersOf(widget->state())));
     }
+    painter.setRenderHint(QPainter::Antialiasing);
     if (m_document.selection().size() != 1)
         return;
     const PlacedWidget &widget = *m_document.currentWidget();
@@ -255,10 +279,18 @@ QRectF PageView::overlayArea() const
     return area | mapToScene(labelBox()).boundingRect();
 }
 
+// A thousand widgets that move are one change.
+void PageView::askForOverlay()
+{
+    if (!std::exchange(m_overlayIsDue, true))
+        QMetaObject::invokeMethod(this, &PageView::updateOverlay, Qt::QueuedConnection);
+}
+
 // The widgets beneath are painted again where something has changed, not all over the page.
 void PageView::updateOverlay()
 {
     static const int reach = rotationDistance + 2 * handleSize;
+    m_overlayIsDue = false;
     const QRectF area = overlayArea();
     for (const QRectF &changed : {m_overlayArea, area}) {
         if (!changed.isNull())

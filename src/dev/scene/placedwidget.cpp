@@ -182,7 +182,7 @@ QStringList PlacedWidget::make(const WidgetHost &host)
     QStringList problems;
     if (m_description.isValid()) {
         problems = readValues();
-        guard(tr("while it was made"), [this] { makeWidget(); });
+        makeWidget();
     } else if (host.library) {
         problems += tr("%1: the library has no widget \"%2\" in version %3")
                         .arg(name(), m_state.widgetId, m_state.version);
@@ -190,9 +190,9 @@ QStringList PlacedWidget::make(const WidgetHost &host)
     if (!m_item)
         makePlaceholder(missingReason());
     setStackingPosition(m_stackingPosition);
-    guard(tr("while it was resized"), [this] { placeItem(); });
+    placeItem();
     if (m_widget)
-        guard(tr("in init()"), [this] { widget()->init(); });
+        widget()->init();
     Q_EMIT instanceChanged();
     return problems;
 }
@@ -248,15 +248,6 @@ QString PlacedWidget::missingReason() const
                                    : tr("The library has no such widget");
 }
 
-//! Calls code of the widget, which may throw.
-template<typename Call>
-void PlacedWidget::guard(const QString &action, Call call)
-{
-    const QString thrown = thrownBy(call);
-    if (!thrown.isEmpty())
-        breakLater(tr("has thrown %1: %2").arg(action, thrown));
-}
-
 // Not at once, as the widget's code may still be running further up the stack.
 void PlacedWidget::breakLater(const QString &reason)
 {
@@ -264,10 +255,13 @@ void PlacedWidget::breakLater(const QString &reason)
     const auto breakDown = [this, culprit, reason] {
         if (m_widget.get() != culprit)
             return; // made anew since
+        const WidgetMetaInformation description = m_description;
         unmake();
+        m_description = description;
         makePlaceholder(tr("The widget %1").arg(reason));
         setStackingPosition(m_stackingPosition);
         placeItem();
+        Q_EMIT instanceChanged();
         Q_EMIT broken(reason);
     };
     QMetaObject::invokeMethod(this, breakDown, Qt::QueuedConnection);
@@ -280,7 +274,9 @@ void PlacedWidget::tryPaint()
     QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&nothing);
     const QStyleOptionGraphicsItem option;
-    guard(tr("in paint()"), [&] { m_item->paint(&painter, &option, nullptr); });
+    const QString thrown = thrownBy([&] { m_item->paint(&painter, &option, nullptr); });
+    if (!thrown.isEmpty())
+        breakLater(tr("has thrown in paint(): %1").arg(thrown));
 }
 
 void PlacedWidget::makePlaceholder(const QString &reason)
@@ -298,7 +294,7 @@ void PlacedWidget::unmake()
         m_item->disconnect(this);
     if (m_widget) {
         disconnect(widget(), nullptr, this, nullptr);
-        thrownBy([this] { widget()->deinit(); });
+        widget()->deinit();
     }
     delete m_item;
     m_placeholder.reset();
@@ -379,21 +375,15 @@ void PlacedWidget::apply(const WidgetState &from, const WidgetState &to)
     m_state.position = to.position;
     m_state.size = to.size;
     m_state.rotation = to.rotation;
-    guard(tr("while it was resized"), [this] { placeItem(); });
+    placeItem();
     Q_EMIT geometryChanged();
 }
 
 void PlacedWidget::giveField(const QString &fieldId)
 {
     if (m_widget && field(fieldId).isValid())
-        tellField(fieldId, hostValue(fieldId));
+        widget()->setFieldValue(fieldId, hostValue(fieldId), true, true);
     Q_EMIT fieldChanged(fieldId);
-}
-
-void PlacedWidget::tellField(const QString &fieldId, const QVariant &value)
-{
-    guard(tr("when %1 changed").arg(fieldId),
-          [&] { widget()->setFieldValue(fieldId, value, true, true); });
 }
 
 void PlacedWidget::setLanguage(const QString &code)
@@ -409,14 +399,14 @@ void PlacedWidget::takeTag(const QString &fieldId, const QVariant &value)
 {
     if (!m_widget)
         return;
-    tellField(fieldId, value);
+    widget()->setFieldValue(fieldId, value, true, true);
     Q_EMIT fieldChanged(fieldId);
 }
 
 void PlacedWidget::takeAlarm(const NARV::AlarmInfo &alarm)
 {
     if (m_widget && m_description.receiveAlarmsEvents())
-        guard(tr("at an alarm"), [&] { widget()->alarmEvent(alarm); });
+        widget()->alarmEvent(alarm);
 }
 
 void PlacedWidget::takeWrite(const QString &fieldId, const QVariant &value)

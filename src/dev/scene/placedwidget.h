@@ -120,12 +120,9 @@ private:
     void makeWidget();
     void makePlaceholder(const QString &reason);
     QString missingReason() const;
-    template<typename Call>
-    void guard(const QString &action, Call call);
     void breakLater(const QString &reason);
     void placeItem();
     void giveField(const QString &fieldId);
-    void tellField(const QString &fieldId, const QVariant &value);
     void takeWrite(const QString &fieldId, const QVariant &value);
 
     WidgetState m_state;

@@ -47,26 +47,36 @@ bool TouchSimulator::eventFilter(QObject *, QEvent *event)
 {
     if (!m_isEnabled || (m_fingers == 0 && m_positions.isEmpty()))
         return false;
-    // What the toolkit makes of the touches that nobody took is no mouse of a person.
-    const auto *mouse = static_cast<QMouseEvent *>(event);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        if (mouse->button() != Qt::LeftButton || mouse->source() != Qt::MouseEventNotSynthesized)
-            return false;
-        press(*mouse);
-        return true;
     case QEvent::MouseMove:
-        move(*mouse);
-        return !m_positions.isEmpty();
     case QEvent::MouseButtonRelease:
-        if (mouse->button() != Qt::LeftButton || m_positions.isEmpty())
-            return false;
-        release(*mouse);
-        return true;
+        return takeMouse(*static_cast<QMouseEvent *>(event));
     default:
         return false;
     }
+}
+
+// What the toolkit makes of the touches that nobody took is no mouse of a person.
+bool TouchSimulator::takeMouse(const QMouseEvent &mouse)
+{
+    if (mouse.type() == QEvent::MouseMove) {
+        move(mouse);
+        return !m_positions.isEmpty();
+    }
+    if (mouse.button() != Qt::LeftButton)
+        return false;
+    if (mouse.type() == QEvent::MouseButtonRelease) {
+        const bool isTouching = !m_positions.isEmpty();
+        if (isTouching)
+            release(mouse);
+        return isTouching;
+    }
+    if (mouse.source() != Qt::MouseEventNotSynthesized)
+        return false;
+    press(mouse);
+    return true;
 }
 
 void TouchSimulator::press(const QMouseEvent &event)

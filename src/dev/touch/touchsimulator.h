@@ -45,6 +45,7 @@ Q_SIGNALS:
     void fingersMoved();
 
 private:
+    bool takeMouse(const QMouseEvent &mouse);
     void press(const QMouseEvent &event);
     void move(const QMouseEvent &event);
     void release(const QMouseEvent &event);
