@@ -9,9 +9,9 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QIcon>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QStyle>
 
 using NARV::DEV::WidgetLibraryPluginTestWidget;
 
@@ -59,8 +59,8 @@ static int showWindow(const Options &options, int &argc, char **argv)
     QCoreApplication::setApplicationName(QStringLiteral("zpplugin-bench"));
     QSettings settings;
     const QDir data(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    NARV::INTERNAL::narvInit(QApplication::style()->standardIcon(QStyle::SP_FileIcon));
     WidgetLibraryPluginTestWidget bench;
-    NARV::INTERNAL::narvInit(bench.windowIcon());
     bench.resize(1280, 800);
     bench.setProbeCommand(QCoreApplication::applicationFilePath(), {});
     bench.showLog();

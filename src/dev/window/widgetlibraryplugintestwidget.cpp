@@ -4,6 +4,7 @@
 #include "scene/pageview.h"
 #include "scene/sceneediting.h"
 #include "session/recentplugins.h"
+#include "window/icons.h"
 #include "window/widgetlibraryplugintestwidget_p.h"
 
 #include <QDragEnterEvent>
@@ -20,6 +21,7 @@ WidgetLibraryPluginTestWidget::WidgetLibraryPluginTestWidget(QWidget *parent)
     , d_ptr(new WidgetLibraryPluginTestWidgetPrivate(this))
 {
     setAcceptDrops(true);
+    setWindowIcon(benchIcon(QStringLiteral("palette")));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(d_ptr->frame);
