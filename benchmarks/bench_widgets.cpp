@@ -2,6 +2,7 @@
 // make one, and the heap they take.
 
 #include "ratioreporter.h"
+#include "recordinghost.h"
 
 #include <NARV/Event>
 #include <NARV/GraphicsObject>
@@ -135,8 +136,11 @@ public:
         const auto *priv = NARV::INTERNAL::WidgetLibraryPluginPrivateAccessor::priv(this);
         return std::unique_ptr<Meter>(static_cast<Meter *>(priv->newWidgetInstance(
             QStringLiteral("meter"), QStringLiteral("1.0.0"),
-            QStringLiteral("0b5f3c0e-5c0e-4b7e-9a55-4f0f4a1f7c11"), map, nullptr)));
+            QStringLiteral("0b5f3c0e-5c0e-4b7e-9a55-4f0f4a1f7c11"), map, &m_host)));
     }
+
+private:
+    RecordingHost m_host;
 };
 
 //! Calls write for every field in turn, with one of its values for a whole round and, if they are
@@ -238,18 +242,21 @@ static void newWidgetInstance(benchmark::State &state)
 }
 BENCHMARK(newWidgetInstance);
 
+//! All from one record, without an action manager of their own.
 static void metaObjectNewInstance(benchmark::State &state)
 {
-    const NARV::WidgetData data(QStringLiteral("meter"), {1, 0, 0},
-                                QStringLiteral("0b5f3c0e-5c0e-4b7e-9a55-4f0f4a1f7c11"),
-                                description(), &MeterItem::staticMetaObject, nullptr);
-    if (!std::unique_ptr<QObject>(
-            Meter::staticMetaObject.newInstance(Q_ARG(NARV::WidgetData, data))))
-        return state.SkipWithError("no instance");
-    makeMany(state, [&data] {
+    const NARV::WidgetData::VersionType version(1, 0, 0);
+    const Fields map = description();
+    const NARV::WidgetData data(QStringLiteral("meter"), version,
+                                QStringLiteral("0b5f3c0e-5c0e-4b7e-9a55-4f0f4a1f7c11"), map,
+                                &MeterItem::staticMetaObject, nullptr);
+    const auto make = [&] {
         return std::unique_ptr<QObject>(
             Meter::staticMetaObject.newInstance(Q_ARG(NARV::WidgetData, data)));
-    });
+    };
+    if (!make())
+        return state.SkipWithError("no instance");
+    makeMany(state, make);
 }
 BENCHMARK(metaObjectNewInstance);
 
@@ -293,6 +300,14 @@ static double bytesPerWidget(int writtenFields)
     return double(heapInUse() - before) / 1000;
 }
 
+static double bytesOfDescription()
+{
+    fields();
+    const size_t before = heapInUse();
+    const Fields map = description();
+    return double(heapInUse() - before);
+}
+
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -307,6 +322,7 @@ int main(int argc, char **argv)
              "metaObjectNewInstance", 0.5},
         });
     printMeasured("heap of a widget without values, bytes", bytesPerWidget(0), 1024);
+    std::printf("heap of a description: %.0f bytes\n", bytesOfDescription());
     std::printf("heap of a widget with ten values: %.0f bytes\n", bytesPerWidget(10));
     return result;
 }

@@ -142,7 +142,7 @@ using Command = void (NARV::WidgetActionManager::*)() const;
 using NamedCommand = void (NARV::WidgetActionManager::*)(const QString &) const;
 
 //! Gives the command for all alarms if the rows are all that it concerns, else one for each row.
-static void command(const NARV::WidgetActionManager &manager, const QVector<AlarmInfo> &rows,
+static void command(const NARV::WidgetActionManager &manager, QVector<AlarmInfo> rows,
                     bool (*isConcerned)(const AlarmInfo &), Command all, NamedCommand one)
 {
     const auto count = [isConcerned](const QVector<AlarmInfo> &alarms) {
@@ -150,7 +150,7 @@ static void command(const NARV::WidgetActionManager &manager, const QVector<Alar
     };
     if (count(rows) == count(manager.getAlarms()))
         return (manager.*all)();
-    for (const AlarmInfo &alarm : rows) {
+    for (const AlarmInfo &alarm : qAsConst(rows)) {
         if (isConcerned(alarm))
             (manager.*one)(alarm.name());
     }
@@ -158,12 +158,12 @@ static void command(const NARV::WidgetActionManager &manager, const QVector<Alar
 
 void AlarmList::acknowledgeAll()
 {
-    command(widgetActionManager(), QVector<AlarmInfo>(m_rows), canAcknowledge,
+    command(widgetActionManager(), m_rows, canAcknowledge,
             &NARV::WidgetActionManager::acknowAllAlarms, &NARV::WidgetActionManager::acknowAlarm);
 }
 
 void AlarmList::resetAll()
 {
-    command(widgetActionManager(), QVector<AlarmInfo>(m_rows), canReset,
-            &NARV::WidgetActionManager::resetAllAlarms, &NARV::WidgetActionManager::resetAlarm);
+    command(widgetActionManager(), m_rows, canReset, &NARV::WidgetActionManager::resetAllAlarms,
+            &NARV::WidgetActionManager::resetAlarm);
 }

@@ -152,6 +152,12 @@ void BarItem::drawLimits(QPainter &painter, const QRectF &track)
 {
     QRectF strip = track;
     strip = isUpright() ? takeRight(strip, limitsWidth) : takeBottom(strip, limitsWidth);
-    for (const ValueLimits::Band &band : limits().bands(scale()))
+    const auto bands = limits().bands(scale());
+    if (bands.isEmpty())
+        return;
+    // A bar beyond a limit has the colour of its band.
+    const QPointF hair = isUpright() ? QPointF(1, 0) : QPointF(0, 1);
+    painter.fillRect(QRectF(strip.topLeft() - hair, strip.bottomRight()), color("trackColor"));
+    for (const ValueLimits::Band &band : bands)
         painter.fillRect(segment(strip, band.from, band.to), band.color);
 }

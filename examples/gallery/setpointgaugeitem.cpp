@@ -14,7 +14,7 @@ void SetpointGaugeItem::drawMarkers(QPainter &painter, const Dial &dial)
     if (!flag("showSetpoint"))
         return;
     const double fraction = scale().fraction(number("setpoint"));
-    const QPointF outer = dial.at(fraction, 0.97);
+    const QPointF outer = dial.at(fraction, 0.94);
     const QPointF tip = dial.at(fraction, 0.8);
     const QPointF across = QPointF(tip.y() - outer.y(), outer.x() - tip.x()) * 0.35;
     painter.setPen(Qt::NoPen);

@@ -15,21 +15,21 @@ using Key = MetaDataKey;
 using Library = WidgetLibraryPluginMetaInformation;
 
 template<typename Number>
-static Number number(const QJsonValue &value);
+static Number number(JsonValue value);
 
 template<>
-int number<int>(const QJsonValue &value)
+int number<int>(JsonValue value)
 {
-    return toInt(value);
+    return toInt(value.toDouble());
 }
 
 template<>
-double number<double>(const QJsonValue &value)
+double number<double>(JsonValue value)
 {
     return value.toDouble();
 }
 
-FieldDescriptionReader::FieldDescriptionReader(const QJsonObject &object, const JsonPath &path,
+FieldDescriptionReader::FieldDescriptionReader(const JsonObject &object, const JsonPath &path,
                                                DescriptionContext &context)
     : m_in(object, path, context)
     , m_data(new FieldMetaInformationData)
@@ -78,13 +78,13 @@ Library::FieldMetaInformation FieldDescriptionReader::infoFromMetaDataParseField
     readRest();
 
     m_field.isValid = true;
-    return FieldMetaInformation(m_data);
+    return FieldMetaInformation(std::move(m_data));
 }
 
 void FieldDescriptionReader::readId()
 {
     m_in.required(Key::Id, MetaDataError::FieldIdMissing, MetaDataError::FieldIdInvalid,
-                  [&](const QJsonValue &value) {
+                  [&](JsonValue value) {
                       m_field.id = value.toString();
                       return isIdentifier(m_field.id);
                   });
@@ -93,7 +93,7 @@ void FieldDescriptionReader::readId()
 void FieldDescriptionReader::readType()
 {
     m_in.required(Key::Type, MetaDataError::FieldTypeMissing, MetaDataError::FieldTypeInvalid,
-                  [&](const QJsonValue &value) {
+                  [&](JsonValue value) {
                       m_field.type = Library::fieldTypeFromString(value.toString());
                       return m_field.type != FieldType::Undefined;
                   });
@@ -171,7 +171,7 @@ void FieldDescriptionReader::readDefaultValue()
         return;
     const DefaultValueReader read = typeRules(m_field.type).readDefaultValue;
     const bool isGiven = m_in.optional(
-        Key::DefaultValue, MetaDataError::FieldDefaultValueInvalid, [&](const QJsonValue &value) {
+        Key::DefaultValue, MetaDataError::FieldDefaultValueInvalid, [&](JsonValue value) {
             if (read) {
                 m_defaultValueIsReported = !(this->*read)(value);
                 return !m_defaultValueIsReported;
@@ -189,18 +189,18 @@ void FieldDescriptionReader::readDefaultValue()
                                             WidgetLibraryPluginUtils::defaultFont());
 }
 
-bool FieldDescriptionReader::readText(const QJsonValue &value, QString &out) const
+bool FieldDescriptionReader::readText(JsonValue value, QString &out) const
 {
     out = value.toString();
     return value.isString();
 }
 
-bool FieldDescriptionReader::readText(const QJsonValue &value, TranslationStringType &out) const
+bool FieldDescriptionReader::readText(JsonValue value, TranslationStringType &out) const
 {
     return m_in.readText(value, out, ObjectReader::AsWritten);
 }
 
-bool FieldDescriptionReader::readDefaultString(const QJsonValue &value)
+bool FieldDescriptionReader::readDefaultString(JsonValue value)
 {
     if (!m_field.isMultiLanguage) {
         m_field.defaultValue = value.toString();
@@ -212,13 +212,13 @@ bool FieldDescriptionReader::readDefaultString(const QJsonValue &value)
     return ok;
 }
 
-bool FieldDescriptionReader::readDefaultStringList(const QJsonValue &value)
+bool FieldDescriptionReader::readDefaultStringList(JsonValue value)
 {
     return m_field.isMultiLanguage ? readTextList<TranslationStringType>(value)
                                    : readTextList<QString>(value);
 }
 
-bool FieldDescriptionReader::readDefaultStringMap(const QJsonValue &value)
+bool FieldDescriptionReader::readDefaultStringMap(JsonValue value)
 {
     return m_field.isMultiLanguage ? readTextMap<TranslationStringType>(value)
                                    : readTextMap<QString>(value);
@@ -236,11 +236,11 @@ static QVariant toVariant(const Texts &texts)
 }
 
 template<typename Text>
-bool FieldDescriptionReader::readTextList(const QJsonValue &value)
+bool FieldDescriptionReader::readTextList(JsonValue value)
 {
     QList<Text> texts;
     m_in.takeElements(Key::DefaultValue, value.toArray(), MetaDataError::FieldDefaultValueInvalid,
-                      [&](const QJsonValue &element, int) {
+                      [&](JsonValue element, int) {
                           Text text;
                           const bool ok = readText(element, text);
                           texts.append(std::move(text));
@@ -251,58 +251,59 @@ bool FieldDescriptionReader::readTextList(const QJsonValue &value)
 }
 
 template<typename Text>
-bool FieldDescriptionReader::readTextMap(const QJsonValue &value)
+bool FieldDescriptionReader::readTextMap(JsonValue value)
 {
     QMap<int, Text> texts;
     m_in.takeElements(Key::DefaultValue, value.toArray(), MetaDataError::FieldDefaultValueInvalid,
-                      [&](const QJsonValue &element, int) {
-                          const QJsonObject entry = element.toObject();
-                          const QJsonValue id = entry.value(QLatin1String("id"));
-                          return id.isDouble() &&
-                                 readText(entry.value(QLatin1String("value")), texts[toInt(id)]);
+                      [&](JsonValue element, int) {
+                          const JsonObject entry = element.toMap();
+                          const auto text = entry.constFind(QLatin1String("value"));
+                          const QCborValue id = entry.value(QLatin1String("id"));
+                          return isNumber(id) && text != entry.constEnd() &&
+                                 readText(text.value(), texts[toInt(id.toDouble())]);
                       });
     m_field.defaultValue = QVariant::fromValue(texts);
     return value.isArray();
 }
 
 // Of an option field, too: the index of one of its options.
-bool FieldDescriptionReader::readDefaultInteger(const QJsonValue &value)
+bool FieldDescriptionReader::readDefaultInteger(JsonValue value)
 {
-    m_field.defaultValue = toInt(value);
-    return value.isDouble();
+    m_field.defaultValue = toInt(value.toDouble());
+    return isNumber(value);
 }
 
-bool FieldDescriptionReader::readDefaultDouble(const QJsonValue &value)
+bool FieldDescriptionReader::readDefaultDouble(JsonValue value)
 {
     m_field.defaultValue = value.toDouble();
-    return value.isDouble();
+    return isNumber(value);
 }
 
-bool FieldDescriptionReader::readDefaultBool(const QJsonValue &value)
+bool FieldDescriptionReader::readDefaultBool(JsonValue value)
 {
     m_field.defaultValue = value.toBool();
     return value.isBool();
 }
 
-bool FieldDescriptionReader::readDefaultColor(const QJsonValue &value)
+bool FieldDescriptionReader::readDefaultColor(JsonValue value)
 {
     m_field.defaultValue =
         WidgetLibraryPluginUtils::fieldValueFromString(FieldType::Color, value.toString());
     return value.isString();
 }
 
-bool FieldDescriptionReader::readDefaultFont(const QJsonValue &value)
+bool FieldDescriptionReader::readDefaultFont(JsonValue value)
 {
     QFont font = WidgetLibraryPluginUtils::defaultFont();
-    const bool ok = value.isObject() && WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(
-                                            value.toObject(), font);
+    const bool ok = value.isMap() &&
+                    WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(value.toMap(), font);
     m_field.defaultValue = font;
     return ok;
 }
 
 void FieldDescriptionReader::readRequirements()
 {
-    const auto take = [&](const QJsonValue &value) {
+    const auto take = [&](JsonValue value) {
         m_field.requirements = value.toString();
         QVector<RequirementsTerm> terms;
         const bool ok = INTERNAL::readRequirements(m_field.requirements, terms);
@@ -335,9 +336,9 @@ void FieldDescriptionReader::infoFromMetaDataParseStringFieldCommon()
     FontInformationData &font = fontInformation();
     font.defaultFont = WidgetLibraryPluginUtils::defaultFont();
     font.defaultFontSpecified = m_in.optional(
-        Key::DefaultFont, MetaDataError::FieldDefaultFontInvalid, [&](const QJsonValue &value) {
-            return value.isObject() && WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(
-                                           value.toObject(), font.defaultFont);
+        Key::DefaultFont, MetaDataError::FieldDefaultFontInvalid, [&](JsonValue value) {
+            return value.isMap() && WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(
+                                        value.toMap(), font.defaultFont);
         });
 }
 
@@ -345,9 +346,9 @@ template<typename Number>
 void FieldDescriptionReader::readBounds()
 {
     const auto takeNumber = [](QVariant &bound) {
-        return [&bound](const QJsonValue &value) {
+        return [&bound](JsonValue value) {
             bound = number<Number>(value);
-            return value.isDouble();
+            return isNumber(value);
         };
     };
     const bool hasMinimum = m_in.optional(Key::Minimum, MetaDataError::FieldMinimumInvalid,
@@ -362,15 +363,15 @@ void FieldDescriptionReader::readBounds()
 // The text of an option may be any text.
 void FieldDescriptionReader::readOptions()
 {
-    const auto takeOption = [&](const QJsonValue &value, int) {
-        const QJsonObject option = value.toObject();
-        const QJsonValue index = option.value(QLatin1String("index"));
-        const QJsonValue text = option.value(QLatin1String("option"));
-        m_field.options.append({toInt(index), text.toString()});
-        return index.isDouble() && text.isString();
+    const auto takeOption = [&](JsonValue value, int) {
+        const JsonObject option = value.toMap();
+        const QCborValue index = option.value(QLatin1String("index"));
+        const QCborValue text = option.value(QLatin1String("option"));
+        m_field.options.append({toInt(index.toDouble()), text.toString()});
+        return isNumber(index) && text.isString();
     };
     m_in.required(Key::Options, MetaDataError::FieldOptionsInvalid,
-                  MetaDataError::FieldOptionsInvalid, [&](const QJsonValue &value) {
+                  MetaDataError::FieldOptionsInvalid, [&](JsonValue value) {
                       return !value.toArray().isEmpty() &&
                              m_in.takeElements(Key::Options, value.toArray(),
                                                MetaDataError::FieldOptionsInvalid, takeOption);
@@ -386,7 +387,7 @@ void FieldDescriptionReader::readOptions()
 void FieldDescriptionReader::readTagRules()
 {
     m_in.elements(Key::TagAcceptedTypes, MetaDataError::FieldTagAcceptedTypesInvalid,
-                  [&](const QJsonValue &value, int) {
+                  [&](JsonValue value, int) {
                       return value.isString() && addAcceptedType(value.toString());
                   });
     m_in.flag(Key::TagOnDemand, MetaDataError::FieldTagOnDemandInvalid, m_field.tagOnDemand);

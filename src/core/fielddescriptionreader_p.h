@@ -15,7 +15,7 @@ public:
     using FieldType = Library::FieldType;
     using TranslationStringType = PluginMetaInformation::TranslationStringType;
 
-    FieldDescriptionReader(const QJsonObject &object, const JsonPath &path,
+    FieldDescriptionReader(const JsonObject &object, const JsonPath &path,
                            DescriptionContext &context);
 
     //! Reads all keys. What is malformed ends up in the context's faults.
@@ -24,7 +24,7 @@ public:
     const QStringList &requirementsFieldIds() const { return m_requirementsFieldIds; }
 
 private:
-    using DefaultValueReader = bool (FieldDescriptionReader::*)(const QJsonValue &value);
+    using DefaultValueReader = bool (FieldDescriptionReader::*)(JsonValue value);
     //! What only fields of one type have.
     struct TypeRules
     {
@@ -42,20 +42,20 @@ private:
     void readRest();
     void readFontLabels();
 
-    bool readDefaultString(const QJsonValue &value);
-    bool readDefaultStringList(const QJsonValue &value);
-    bool readDefaultStringMap(const QJsonValue &value);
-    bool readDefaultInteger(const QJsonValue &value);
-    bool readDefaultDouble(const QJsonValue &value);
-    bool readDefaultBool(const QJsonValue &value);
-    bool readDefaultColor(const QJsonValue &value);
-    bool readDefaultFont(const QJsonValue &value);
+    bool readDefaultString(JsonValue value);
+    bool readDefaultStringList(JsonValue value);
+    bool readDefaultStringMap(JsonValue value);
+    bool readDefaultInteger(JsonValue value);
+    bool readDefaultDouble(JsonValue value);
+    bool readDefaultBool(JsonValue value);
+    bool readDefaultColor(JsonValue value);
+    bool readDefaultFont(JsonValue value);
     template<typename Text>
-    bool readTextList(const QJsonValue &value);
+    bool readTextList(JsonValue value);
     template<typename Text>
-    bool readTextMap(const QJsonValue &value);
-    bool readText(const QJsonValue &value, QString &out) const;
-    bool readText(const QJsonValue &value, TranslationStringType &out) const;
+    bool readTextMap(JsonValue value);
+    bool readText(JsonValue value, QString &out) const;
+    bool readText(JsonValue value, TranslationStringType &out) const;
 
     void infoFromMetaDataParseStringFieldCommon();
     template<typename Number>

@@ -1,5 +1,6 @@
 #include "core/jsonnumbers_p.h"
 #include "core/jsontexts_p.h"
+#include "core/jsonview_p.h"
 #include "core/widgetlibrarypluginutils.h"
 
 #include <QJsonObject>
@@ -76,44 +77,44 @@ QFont WidgetLibraryPluginUtils::fieldFontFromString(const QString &text, bool *o
     return *ok ? fontFromObject(object) : QFont();
 }
 
-bool WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(const QJsonObject &object,
+bool WidgetLibraryPluginUtils::infoFromMetaDataParseFontObject(const JsonObject &object,
                                                                QFont &font)
 {
     struct Member
     {
         QLatin1String key;
-        bool (*apply)(const QJsonValue &value, QFont &font);
+        bool (*apply)(const QCborValue &value, QFont &font);
     };
     static const Member members[] = {
         {familyKey,
-         [](const QJsonValue &value, QFont &result) {
+         [](const QCborValue &value, QFont &result) {
              result.setFamily(value.toString());
              return value.isString() && fontFamilyIsValid(value.toString());
          }},
         {sizeKey,
-         [](const QJsonValue &value, QFont &result) {
-             result.setPointSize(qMax(1, toInt(value)));
+         [](const QCborValue &value, QFont &result) {
+             result.setPointSize(qMax(1, toInt(value.toDouble())));
              return value.toDouble() > 0;
          }},
         {boldKey,
-         [](const QJsonValue &value, QFont &result) {
+         [](const QCborValue &value, QFont &result) {
              result.setWeight(value.toBool() ? QFont::Bold : QFont::Normal);
              return value.isBool();
          }},
         {styleKey,
-         [](const QJsonValue &value, QFont &result) {
+         [](const QCborValue &value, QFont &result) {
              result.setStyle(QFont::StyleItalic);
              return value.toString().toLower() == italicStyle;
          }},
         {underlineKey,
-         [](const QJsonValue &value, QFont &result) {
+         [](const QCborValue &value, QFont &result) {
              result.setUnderline(value.toBool());
              return value.isBool();
          }},
     };
     QFont result = font;
     for (const Member &member : members) {
-        const QJsonValue value = object.value(member.key);
+        const QCborValue value = object.value(member.key);
         if (!value.isUndefined() && !member.apply(value, result))
             return false;
     }

@@ -45,8 +45,8 @@ FieldMetaInformation::FieldMetaInformation(const QString &id, const TranslationS
     d->isMultiLanguage = isMultiLanguage;
 }
 
-FieldMetaInformation::FieldMetaInformation(const QSharedDataPointer<FieldMetaInformationData> &data)
-    : d(data)
+FieldMetaInformation::FieldMetaInformation(QSharedDataPointer<FieldMetaInformationData> &&data)
+    : d(std::move(data))
 {
 }
 

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <array>
+#include <cstring>
 #include <iterator>
 
 namespace NARV::INTERNAL {
@@ -71,6 +72,12 @@ static constexpr std::array<MetaDataKey, 128> slotsOfKeys()
     return keys;
 }
 
+static bool isSame(QStringView name, QStringView other)
+{
+    return name.size() == other.size() &&
+           std::memcmp(name.data(), other.data(), size_t(name.size()) * sizeof(QChar)) == 0;
+}
+
 QStringView keyName(MetaDataKey key)
 {
     return names[size_t(key)];
@@ -82,7 +89,7 @@ MetaDataKey keyFromName(QStringView name)
     if (name.isEmpty())
         return MetaDataKey::Unknown;
     size_t slot = slotOf(name);
-    while (keys[slot] != MetaDataKey::Unknown && name != keyName(keys[slot]))
+    while (keys[slot] != MetaDataKey::Unknown && !isSame(name, keyName(keys[slot])))
         slot = (slot + 1) % keys.size();
     return keys[slot];
 }

@@ -4,7 +4,7 @@
 
 namespace NARV::INTERNAL {
 
-ObjectReader::ObjectReader(const QJsonObject &object, const JsonPath &path,
+ObjectReader::ObjectReader(const JsonObject &object, const JsonPath &path,
                            DescriptionContext &context)
     : m_object(object)
     , m_path(path)
@@ -13,20 +13,22 @@ ObjectReader::ObjectReader(const QJsonObject &object, const JsonPath &path,
     m_positions.fill(-1);
     const auto end = object.constEnd();
     int position = 0;
-    for (auto it = object.constBegin(); it != end; ++it)
-        m_positions[size_t(keyFromName(it.key()))] = position++;
+    MetaDataKey key = MetaDataKey::Unknown;
+    for (auto it = object.constBegin(); it != end; ++it) {
+        key = context.recentKeys.key(it.key(), key);
+        m_positions[size_t(key)] = position++;
+    }
 }
 
 bool ObjectReader::flag(MetaDataKey key, int invalid, bool &out)
 {
-    return optional(key, invalid, [&](const QJsonValue &value) {
+    return optional(key, invalid, [&](JsonValue value) {
         out = value.toBool();
         return value.isBool();
     });
 }
 
-bool ObjectReader::readText(const QJsonValue &value, TranslationStringType &out,
-                            TextRule rule) const
+bool ObjectReader::readText(JsonValue value, TranslationStringType &out, TextRule rule) const
 {
     return PluginUtils::infoFromMetaDataParseTranslatableString(
         value, m_context, out, rule != AsWritten, rule == TrimmedNotEmpty);
@@ -34,15 +36,14 @@ bool ObjectReader::readText(const QJsonValue &value, TranslationStringType &out,
 
 bool ObjectReader::text(MetaDataKey key, int invalid, TranslationStringType &out, TextRule rule)
 {
-    return optional(key, invalid,
-                    [&](const QJsonValue &value) { return readText(value, out, rule); });
+    return optional(key, invalid, [&](JsonValue value) { return readText(value, out, rule); });
 }
 
 bool ObjectReader::requiredText(MetaDataKey key, int missing, int invalid,
                                 TranslationStringType &out, TextRule rule)
 {
     return required(key, missing, invalid,
-                    [&](const QJsonValue &value) { return readText(value, out, rule); });
+                    [&](JsonValue value) { return readText(value, out, rule); });
 }
 
 } // namespace NARV::INTERNAL

@@ -1,58 +1,26 @@
 #pragma once
 
 #include "core/metadatafaults_p.h"
+#include "core/recentreads_p.h"
 #include "core/translationtable_p.h"
-
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <array>
 
 namespace NARV::INTERNAL {
 
-//! The short texts read last, so that the many fields with the same group or label share one.
-class RecentTexts
-{
-public:
-    using TranslationStringType = PluginMetaInformation::TranslationStringType;
-
-    struct Entry
-    {
-        QString text;
-        TranslationStringType value;
-    };
-
-    //! Where that text is if it was read lately; null for a text that is not kept.
-    Entry *entry(const QString &text)
-    {
-        if (text.isEmpty() || text.size() > longest)
-            return nullptr;
-        return &m_entries[size_t(text.size() + 7 * text[0].unicode()) % count];
-    }
-
-private:
-    static constexpr int longest = 16;
-    static constexpr size_t count = 64;
-    Entry m_entries[count];
-};
-
 //! What the readers of one plugin's descriptions share.
 struct DescriptionContext
 {
-    MetaDataFaults &faults;
-    QString language; //!< in which the metadata's own texts are written
-    const TranslationTable &translations;
-    RecentTexts recentTexts;
-    QString recentComment;
-
-    //! Many texts have the same comment as the one before.
-    void shareComment(QString &comment)
+    explicit DescriptionContext(MetaDataFaults &where)
+        : faults(where)
     {
-        if (comment == recentComment)
-            comment = recentComment;
-        else if (!comment.isEmpty())
-            recentComment = comment;
     }
+
+    MetaDataFaults &faults;
+    TranslationTable translations; //!< in whose language the metadata's own texts are written
+    RecentTexts recentTexts;
+    RecentComment recentComment;
+    RecentKeys recentKeys;
 };
 
 //! Takes typed values out of one JSON object and reports those that are missing or malformed.
@@ -72,7 +40,7 @@ public:
     };
 
     //! The object, path and context have to outlive the reader.
-    ObjectReader(const QJsonObject &object, const JsonPath &path, DescriptionContext &context);
+    ObjectReader(const JsonObject &object, const JsonPath &path, DescriptionContext &context);
 
     bool contains(MetaDataKey key) const { return find(key) >= 0; }
 
@@ -104,22 +72,22 @@ public:
     template<typename Take>
     bool elements(MetaDataKey key, int invalid, Take take)
     {
-        return optional(key, invalid, [&](const QJsonValue &value) {
+        return optional(key, invalid, [&](JsonValue value) {
             return value.isArray() && takeElements(key, value.toArray(), invalid, take);
         });
     }
 
     template<typename Take>
-    bool takeElements(MetaDataKey key, const QJsonArray &array, int invalid, Take take)
+    bool takeElements(MetaDataKey key, const JsonArray &array, int invalid, Take take)
     {
         for (int i = 0; i < array.size() && !stopped(); ++i) {
-            if (!take(array.at(i), i))
+            if (!take(*(array.constBegin() + i), i))
                 fail(invalid, key, i);
         }
         return true;
     }
 
-    bool readText(const QJsonValue &value, TranslationStringType &out, TextRule rule) const;
+    bool readText(JsonValue value, TranslationStringType &out, TextRule rule) const;
 
     bool stopped() const { return m_context.faults.stopped(); }
     JsonPath path(MetaDataKey key, int index = -1) const { return {&m_path, key, index}; }
@@ -148,9 +116,9 @@ private:
     //! The position of key among the members; -1 if it is not there.
     int find(MetaDataKey key) const { return m_positions[size_t(key)]; }
 
-    //! QJsonObject finds a member by comparing keys letter by letter, each time anew.
+    //! A JSON object finds a member by comparing keys letter by letter, each time anew.
     std::array<int, size_t(MetaDataKey::Unknown) + 1> m_positions;
-    const QJsonObject &m_object;
+    const JsonObject &m_object;
     const JsonPath &m_path;
     DescriptionContext &m_context;
 };

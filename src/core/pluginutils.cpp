@@ -56,29 +56,32 @@ bool PluginUtils::isValidLanguageCode(const QString &code)
     return true;
 }
 
-static bool readTextAndComment(const QJsonValue &value, QString &text, QString &comment)
+static bool readTextAndComment(JsonValue value, RecentComment &recentComment, QString &text,
+                               QString &comment)
 {
     if (value.isString()) {
         text = value.toString();
         return true;
     }
-    const QJsonArray pair = value.toArray();
+    const JsonArray pair = value.toArray();
     if (pair.size() != 2)
         return false;
-    const QJsonValue first = pair.at(0);
-    const QJsonValue second = pair.at(1);
+    const JsonValue first = *pair.constBegin();
+    const JsonValue second = *(pair.constBegin() + 1);
+    if (!first.isString() || !second.isString())
+        return false;
     text = first.toString();
-    comment = second.toString();
-    return first.isString() && second.isString();
+    comment = recentComment.text(second);
+    return true;
 }
 
 bool PluginUtils::infoFromMetaDataParseTranslatableString(
-    const QJsonValue &value, DescriptionContext &context,
+    JsonValue value, DescriptionContext &context,
     PluginMetaInformation::TranslationStringType &result, bool trim, bool mustNotBeEmpty)
 {
     QString text;
     QString comment;
-    const bool isRead = readTextAndComment(value, text, comment);
+    const bool isRead = readTextAndComment(value, context.recentComment, text, comment);
     if (trim)
         text = std::move(text).trimmed();
     if (!isRead || (mustNotBeEmpty && text.isEmpty())) {
@@ -90,12 +93,11 @@ bool PluginUtils::infoFromMetaDataParseTranslatableString(
         result = recent->value;
         return true;
     }
-    context.shareComment(comment);
     if (const auto *translated = context.translations.find(text, comment))
         result = *translated;
     else
-        result = PluginMetaInformation::TranslationStringType(context.language, text,
-                                                              std::move(comment));
+        result = PluginMetaInformation::TranslationStringType(context.translations.languageCode(),
+                                                              text, std::move(comment));
     if (recent)
         *recent = {text, result};
     return true;
@@ -109,7 +111,7 @@ QString readId(ObjectReader &in)
 {
     QString id;
     const bool isString = in.required(Key::Id, MetaDataError::IdMissing, MetaDataError::IdInvalid,
-                                      [&](const QJsonValue &value) {
+                                      [&](JsonValue value) {
                                           id = value.toString();
                                           return value.isString();
                                       });
@@ -124,7 +126,7 @@ QString readDefaultLanguage(ObjectReader &in, bool (*isValid)(const QString &))
 {
     static constexpr Key key = Key::DefaultLanguage;
     QString language = defaultLanguageCode();
-    in.optional(key, MetaDataError::DefaultLanguageInvalid, [&](const QJsonValue &value) {
+    in.optional(key, MetaDataError::DefaultLanguageInvalid, [&](JsonValue value) {
         const QString code = value.toString().trimmed();
         if (isValid(code))
             language = code;
@@ -139,7 +141,7 @@ QString readDefaultLanguage(ObjectReader &in, bool (*isValid)(const QString &))
 QString readString(ObjectReader &in, Key key, int missing, int invalid)
 {
     QString text;
-    in.required(key, missing, invalid, [&](const QJsonValue &value) {
+    in.required(key, missing, invalid, [&](JsonValue value) {
         text = value.toString();
         return value.isString();
     });
@@ -151,7 +153,7 @@ PluginMetaInformation::VersionType readVersion(ObjectReader &in)
     static constexpr Key key = Key::Version;
     PluginMetaInformation::VersionType version;
     in.required(key, MetaDataError::VersionMissing, MetaDataError::VersionInvalid,
-                [&](const QJsonValue &value) {
+                [&](JsonValue value) {
                     version = PluginMetaInformation::VersionType(value.toString());
                     if (value.isString() && !version.isValid())
                         in.fail(MetaDataError::VersionInvalid, key,
@@ -167,7 +169,7 @@ QStringList PluginUtils::readTranslation(ObjectReader &in)
 {
     static constexpr Key key = Key::Translation;
     QStringList codes;
-    in.elements(key, MetaDataError::TranslationInvalid, [&](const QJsonValue &value, int index) {
+    in.elements(key, MetaDataError::TranslationInvalid, [&](JsonValue value, int index) {
         const QString code = value.toString().trimmed();
         if (isValidLanguageCode(code))
             codes.append(code);
@@ -198,29 +200,28 @@ void PluginUtils::importTranslations(ObjectReader &in, const QString &id, const 
     }
 }
 
-int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMetaInformation &info,
-                                             QJsonObject &metaData, TranslationTable &translations,
-                                             MetaDataFaults &faults)
+int PluginUtils::metaInformationFromMetaData(const JsonObject &json, PluginMetaInformation &info,
+                                             JsonObject &metaData, DescriptionContext &context)
 {
     info.clear();
+    MetaDataFaults &faults = context.faults;
     const JsonPath path{nullptr, Key::MetaData};
-    const QJsonValue value = json.value(keyName(path.key));
-    if (!value.isObject()) {
+    const QCborValue value = json.value(keyName(path.key).toString());
+    if (!value.isMap()) {
         faults.add(value.isUndefined() ? MetaDataError::MetaDataMissing
                                        : MetaDataError::MetaDataInvalid,
                    path);
         return faults.code();
     }
-    metaData = value.toObject();
+    metaData = value.toMap();
 
-    DescriptionContext context{faults, {}, translations, {}, {}};
     ObjectReader in(metaData, path, context);
     const QString id = readId(in);
     faults.setPluginId(id);
     const QStringList languages = readTranslation(in);
-    context.language = readDefaultLanguage(in, isValidLanguageCode);
-    translations = TranslationTable(context.language);
-    importTranslations(in, id, languages, translations);
+    const QString defaultLanguage = readDefaultLanguage(in, isValidLanguageCode);
+    context.translations = TranslationTable(defaultLanguage);
+    importTranslations(in, id, languages, context.translations);
 
     PluginMetaInformation::TranslationStringType name;
     PluginMetaInformation::TranslationStringType copyright;
@@ -236,7 +237,7 @@ int PluginUtils::metaInformationFromMetaData(const QJsonObject &json, PluginMeta
             ObjectReader::AsWritten);
     in.text(Key::License, MetaDataError::LicenseInvalid, license, ObjectReader::AsWritten);
     if (!faults.code())
-        info.init(name, id, author, version, copyright, description, license, context.language,
+        info.init(name, id, author, version, copyright, description, license, defaultLanguage,
                   languages);
     return faults.code();
 }

@@ -2,12 +2,11 @@
 
 #include <NARV/INTERNAL/PluginMetaInformation>
 
-class QJsonObject;
-class QJsonValue;
+class QCborMap;
+class QCborValueRef;
 
 namespace NARV::INTERNAL {
 
-class MetaDataFaults;
 struct DescriptionContext;
 class ObjectReader;
 
@@ -32,11 +31,10 @@ private:
     friend class ObjectReader;
     friend class WidgetLibraryPluginUtils;
 
-    static int metaInformationFromMetaData(const QJsonObject &json, PluginMetaInformation &info,
-                                           QJsonObject &metaData, TranslationTable &translations,
-                                           MetaDataFaults &faults);
+    static int metaInformationFromMetaData(const QCborMap &json, PluginMetaInformation &info,
+                                           QCborMap &metaData, DescriptionContext &context);
     static bool
-    infoFromMetaDataParseTranslatableString(const QJsonValue &value, DescriptionContext &context,
+    infoFromMetaDataParseTranslatableString(QCborValueRef value, DescriptionContext &context,
                                             PluginMetaInformation::TranslationStringType &result,
                                             bool trim, bool mustNotBeEmpty);
     static QStringList readTranslation(ObjectReader &in);

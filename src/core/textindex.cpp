@@ -10,7 +10,7 @@ namespace NARV::INTERNAL {
 static constexpr int smallestSlotCount = 16;
 
 TextIndex::TextIndex()
-    : m_key(QRandomGenerator::global()->generate64())
+    : m_keys{QRandomGenerator::global()->generate64(), QRandomGenerator::global()->generate64()}
 {
 }
 
@@ -22,27 +22,35 @@ static quint64 mixed(quint64 hash, quint64 letters, quint64 key)
     return (x & 0xffffffff) * (x >> 32) + (x << 32 | x >> 32);
 }
 
-static quint64 hashed(const QString &text, quint64 hash, quint64 key)
+static quint64 hashed(const QString &text, quint64 hash, const quint64 (&keys)[2])
 {
     static constexpr int letters = sizeof(quint64) / sizeof(QChar);
+    const auto wordAt = [](const QChar *begin, int size) {
+        quint64 word = 0;
+        std::memcpy(&word, begin, size_t(size) * sizeof(QChar));
+        return word;
+    };
     const QChar *begin = text.constData();
     int rest = text.size();
     hash += quint64(rest);
-    for (; rest >= letters; rest -= letters, begin += letters) {
-        quint64 word;
-        std::memcpy(&word, begin, sizeof word);
-        hash = mixed(hash, word, key);
+    quint64 second = 0; // mixed at the same time as the first
+    for (; rest >= 2 * letters; rest -= 2 * letters, begin += 2 * letters) {
+        hash = mixed(hash, wordAt(begin, letters), keys[0]);
+        second = mixed(second, wordAt(begin + letters, letters), keys[1]);
     }
-    quint64 word = 0;
-    std::memcpy(&word, begin, size_t(rest) * sizeof(QChar));
-    return mixed(hash, word, key);
+    if (rest >= letters) {
+        hash = mixed(hash, wordAt(begin, letters), keys[0]);
+        rest -= letters;
+        begin += letters;
+    }
+    return mixed(mixed(hash, second, keys[0]), wordAt(begin, rest), keys[1]);
 }
 
 // The toolkit's hash of a text is a checksum on most machines: texts made to have the same one have
 // it with any seed.
 uint TextIndex::hashOf(const QString &text, const QString &comment) const
 {
-    return uint(hashed(text, hashed(comment, 0, m_key), m_key) >> 32);
+    return uint(hashed(text, hashed(comment, 0, m_keys), m_keys) >> 32);
 }
 
 int TextIndex::slotOf(uint hash, const QString &text, const QString &comment) const

@@ -33,7 +33,7 @@ private:
     int slotOf(uint hash, const QString &text, const QString &comment) const;
     void rehash(int slotCount);
 
-    quint64 m_key; //!< random, so that nobody can choose texts that collide
+    quint64 m_keys[2]; //!< random, so that nobody can choose texts that collide
     QVector<Entry> m_entries;
     QVector<int> m_slots; //!< positions in m_entries or -1; a power of two, at most half in use
 };

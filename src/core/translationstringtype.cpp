@@ -55,7 +55,9 @@ TranslationStringType &TranslationStringType::operator=(TranslationStringType &&
     m_comment.swap(other.m_comment);
     m_fallbackLanguage.swap(other.m_fallbackLanguage);
     m_translations.swap(other.m_translations);
-    m_isListed = other.m_isListed.fetchAndStoreRelaxed(m_isListed.loadRelaxed());
+    const int isListed = m_isListed.loadRelaxed();
+    m_isListed.storeRelaxed(other.m_isListed.loadRelaxed());
+    other.m_isListed.storeRelaxed(isListed);
     std::swap(m_isSingle, other.m_isSingle);
     return *this;
 }
@@ -109,7 +111,7 @@ void TranslationStringType::listSingle() const
 {
     static QBasicMutex mutex; // for all texts: hardly any is ever listed
     const QMutexLocker lock(&mutex);
-    if (m_isListed.loadRelaxed())
+    if (m_isListed.loadAcquire())
         return;
     m_translations.insert(m_fallbackLanguage, m_text);
     m_isListed.storeRelease(true);

@@ -72,11 +72,15 @@ bool TranslationTable::importFile(const QString &filePath, const QString &langua
 bool TranslationTable::importRow(const Row &row, const QString &languageCode, bool addMissing,
                                  QVector<Change> &changes)
 {
-    const int found = m_first.find(row.source, row.comment);
-    if (found >= 0)
-        return translate(found, row, languageCode, changes);
-    if (addMissing)
-        append(row, languageCode);
+    if (!addMissing) {
+        const int found = m_first.find(row.source, row.comment);
+        return found < 0 || translate(found, row, languageCode, changes);
+    }
+    int &first = m_first.insert(row.source, row.comment);
+    if (first >= 0)
+        return translate(first, row, languageCode, changes);
+    first = m_entries.size();
+    append(row, languageCode);
     return true;
 }
 
@@ -99,7 +103,6 @@ void TranslationTable::append(const Row &row, const QString &languageCode)
     TranslationStringType entry(m_languageCode, row.source, row.comment);
     if (languageCode != m_languageCode)
         entry.set(languageCode, row.translation);
-    m_first.insert(row.source, row.comment) = m_entries.size();
     m_nextSame.append(-1);
     m_entries.append(std::move(entry));
 }

@@ -27,7 +27,7 @@ public:
     const QMap<QString, Library::FieldMetaInformation> &read();
 
 private:
-    bool readField(const QJsonValue &value, int index);
+    bool readField(JsonValue value, int index);
     void checkRequirements();
 
     struct Requirement
@@ -44,16 +44,16 @@ private:
 const QMap<QString, Library::FieldMetaInformation> &FieldsReader::read()
 {
     m_in.elements(Key::Fields, MetaDataError::FieldsInvalid,
-                  [&](const QJsonValue &value, int index) { return readField(value, index); });
+                  [&](JsonValue value, int index) { return readField(value, index); });
     checkRequirements();
     return m_fields;
 }
 
-bool FieldsReader::readField(const QJsonValue &value, int index)
+bool FieldsReader::readField(JsonValue value, int index)
 {
-    if (!value.isObject())
+    if (!value.isMap())
         return false;
-    const QJsonObject object = value.toObject();
+    const JsonObject object = value.toMap();
     const JsonPath path = m_in.path(Key::Fields, index);
     FieldDescriptionReader reader(object, path, m_in.context());
     const Library::FieldMetaInformation field = reader.infoFromMetaDataParseField();
@@ -91,27 +91,27 @@ void FieldsReader::checkRequirements()
 
 } // namespace
 
-int WidgetLibraryPluginUtils::infoFromMetaDataParseWidget(const QJsonValue &value,
+int WidgetLibraryPluginUtils::infoFromMetaDataParseWidget(JsonValue value,
                                                           WidgetMetaInformation &widget,
                                                           const JsonPath &path,
                                                           DescriptionContext &context)
 {
-    if (!value.isObject()) {
+    if (!value.isMap()) {
         context.faults.add(MetaDataError::WidgetsInvalid, path);
         return context.faults.code();
     }
-    const QJsonObject object = value.toObject();
+    const JsonObject object = value.toMap();
     ObjectReader in(object, path, context);
 
     QString id;
     in.required(Key::Id, MetaDataError::WidgetIdMissing, MetaDataError::WidgetIdInvalid,
-                [&](const QJsonValue &text) {
+                [&](JsonValue text) {
                     id = text.toString();
                     return isIdentifier(id);
                 });
     Library::VersionType version;
     in.required(Key::Version, MetaDataError::WidgetVersionMissing,
-                MetaDataError::WidgetVersionInvalid, [&](const QJsonValue &text) {
+                MetaDataError::WidgetVersionInvalid, [&](JsonValue text) {
                     version = Library::VersionType(text.toString());
                     return version.isValid();
                 });
@@ -124,7 +124,7 @@ int WidgetLibraryPluginUtils::infoFromMetaDataParseWidget(const QJsonValue &valu
             ObjectReader::Trimmed);
     QSizeF size = defaultWidgetSize;
     in.optional(Key::DefaultSize, MetaDataError::WidgetDefaultSizeInvalid,
-                [&](const QJsonValue &text) { return convertStringTo(text.toString(), size); });
+                [&](JsonValue text) { return convertStringTo(text.toString(), size); });
     TranslationStringType group;
     in.text(Key::GalleryGroupName, MetaDataError::WidgetGalleryGroupNameInvalid, group,
             ObjectReader::TrimmedNotEmpty);

@@ -194,7 +194,7 @@ public:
     private:
         friend class FieldDescriptionReader;
 
-        explicit FieldMetaInformation(const QSharedDataPointer<FieldMetaInformationData> &data);
+        explicit FieldMetaInformation(QSharedDataPointer<FieldMetaInformationData> &&data);
 
         QSharedDataPointer<FieldMetaInformationData> d;
     };

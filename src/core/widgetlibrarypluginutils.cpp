@@ -79,17 +79,17 @@ int WidgetLibraryPluginUtils::metaInformationFromMetaData(const QJsonObject &met
                                                           MetaDataFaults &faults)
 {
     static constexpr MetaDataKey widgetsKey = MetaDataKey::Widgets;
-    QJsonObject object;
-    TranslationTable translations;
-    PluginUtils::metaInformationFromMetaData(metaData, info, object, translations, faults);
+    JsonObject object;
+    DescriptionContext context(faults);
+    PluginUtils::metaInformationFromMetaData(JsonObject::fromJsonObject(metaData), info, object,
+                                             context);
     if (faults.stopped())
         return faults.code();
 
     const JsonPath path{nullptr, MetaDataKey::MetaData};
-    DescriptionContext context{faults, info.defaultLanguage(), translations, {}, {}};
     ObjectReader in(object, path, context);
     Library::WidgetMap widgets;
-    const auto takeWidget = [&](const QJsonValue &value, int index) {
+    const auto takeWidget = [&](JsonValue value, int index) {
         WidgetMetaInformation widget;
         infoFromMetaDataParseWidget(value, widget, in.path(widgetsKey, index), context);
         if (faults.stopped())
@@ -98,7 +98,7 @@ int WidgetLibraryPluginUtils::metaInformationFromMetaData(const QJsonObject &met
         widgets.insert({widget.id(), widget.version().version()}, widget);
         return true;
     };
-    in.optional(widgetsKey, MetaDataError::WidgetsInvalid, [&](const QJsonValue &value) {
+    in.optional(widgetsKey, MetaDataError::WidgetsInvalid, [&](JsonValue value) {
         if (value.isArray())
             return in.takeElements(widgetsKey, value.toArray(), MetaDataError::WidgetsInvalid,
                                    takeWidget);

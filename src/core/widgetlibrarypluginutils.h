@@ -4,6 +4,8 @@
 
 #include <QJsonObject>
 
+class QCborMap;
+class QCborValueRef;
 class QXmlStreamWriter;
 
 namespace NARV::INTERNAL {
@@ -87,11 +89,11 @@ private:
     static int metaInformationFromMetaData(const QJsonObject &metaData,
                                            WidgetLibraryPluginMetaInformation &info,
                                            MetaDataFaults &faults);
-    static int infoFromMetaDataParseWidget(const QJsonValue &value, WidgetMetaInformation &widget,
+    static int infoFromMetaDataParseWidget(QCborValueRef value, WidgetMetaInformation &widget,
                                            const JsonPath &path, DescriptionContext &context);
     static QFont defaultFont();
     static bool fontFamilyIsValid(const QString &family);
-    static bool infoFromMetaDataParseFontObject(const QJsonObject &object, QFont &font);
+    static bool infoFromMetaDataParseFontObject(const QCborMap &object, QFont &font);
     static bool convertStringTo(const QString &text, QSizeF &size);
 };
 

@@ -4,25 +4,35 @@
 
 namespace NARV::INTERNAL {
 
+static constexpr QLatin1Char carriageReturn('\r');
+
 static bool isXmlCharacter(ushort c)
 {
     return (c >= 0x20 && c < 0xd800) || (c >= 0xe000 && c < 0xfffe) || c == '\t' || c == '\n' ||
            c == '\r';
 }
 
-static QString withXmlCharacters(QString text)
+//! The first character from position from on that XML cannot carry, or the size.
+static int firstUnfit(const QString &text, int from)
 {
     const int size = text.size();
-    for (int i = 0; i < size; ++i) {
-        const QChar c = qAsConst(text).at(i);
+    for (int i = from; i < size; ++i) {
+        const QChar c = text.at(i);
         if (isXmlCharacter(c.unicode()))
             continue;
-        if (c.isHighSurrogate() && i + 1 < size && qAsConst(text).at(i + 1).isLowSurrogate())
-            ++i;
-        else
-            text[i] = QChar::ReplacementCharacter;
+        if (!c.isHighSurrogate() || i + 1 >= size || !text.at(i + 1).isLowSurrogate())
+            return i;
+        ++i;
     }
-    return text;
+    return size;
+}
+
+static QString withXmlCharacters(const QString &text)
+{
+    QString result = text;
+    for (int i = firstUnfit(text, 0); i < text.size(); i = firstUnfit(text, i + 1))
+        result[i] = QChar::ReplacementCharacter;
+    return result;
 }
 
 XmlAttributes xmlAttributes(std::initializer_list<std::pair<const char *, const char *>> pairs)
@@ -61,19 +71,21 @@ XmlElement &XmlElement::attribute(const QString &name, int value)
 XmlElement &XmlElement::attributes(const XmlAttributes &attributes)
 {
     for (const auto &[name, value] : attributes)
-        attribute(name, value);
+        m_writer.writeAttribute(name, value);
     return *this;
 }
 
 // A carriage return is written as a reference: a reader makes a line feed of any other.
 XmlElement &XmlElement::text(const QString &text)
 {
-    const QStringList lines = withXmlCharacters(text).split(QLatin1Char('\r'));
-    m_writer.writeCharacters(lines.first());
-    for (int i = 1; i < lines.size(); ++i) {
+    const QString fit = withXmlCharacters(text);
+    int from = 0;
+    for (int end = fit.indexOf(carriageReturn); end >= 0; end = fit.indexOf(carriageReturn, from)) {
+        m_writer.writeCharacters(fit.mid(from, end - from));
         m_writer.writeEntityReference(QStringLiteral("#13"));
-        m_writer.writeCharacters(lines.at(i));
+        from = end + 1;
     }
+    m_writer.writeCharacters(from > 0 ? fit.mid(from) : fit);
     return *this;
 }
 

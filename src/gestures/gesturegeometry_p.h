@@ -41,6 +41,12 @@ inline bool exceeds(const QPointF &movement, qreal limit)
     return std::abs(movement.x()) > limit || std::abs(movement.y()) > limit;
 }
 
+//! The length of a way.
+inline qreal length(const QPointF &way)
+{
+    return std::sqrt(QPointF::dotProduct(way, way));
+}
+
 //! The angle of a line in degrees, above -180 and up to 180, counter-clockwise on the screen.
 inline qreal signedAngle(const QLineF &line)
 {

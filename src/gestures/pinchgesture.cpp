@@ -70,19 +70,19 @@ double PinchGesture::scaleFactor() const
 double PinchGesture::totalRotationAngle() const
 {
     Q_D(const PinchGesture);
-    return d->totalRotationAngle;
+    return d->totalRotation();
 }
 
 double PinchGesture::lastRotationAngle() const
 {
     Q_D(const PinchGesture);
-    return d->lastRotationAngle;
+    return d->rotation(d->lastLine);
 }
 
 double PinchGesture::rotationAngle() const
 {
     Q_D(const PinchGesture);
-    return d->rotationAngle;
+    return d->rotation(d->line);
 }
 
 bool PinchGesture::event(QEvent *event)

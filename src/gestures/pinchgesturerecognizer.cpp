@@ -70,13 +70,13 @@ static void moveCenter(PinchGesturePrivate *d, const QLineF &line)
 }
 
 // False for a leap, of which the panel is to blame.
-static bool scale(PinchGesturePrivate *d, const QLineF &line, const QLineF &lastLine)
+static bool scale(PinchGesturePrivate *d, const QPointF &way, const QPointF &lastWay)
 {
     if (d->isNewSequence)
         d->scaleFactor = 1;
     d->lastScaleFactor = d->scaleFactor;
     if (!d->isNewSequence) {
-        const qreal ratio = line.length() / lastLine.length();
+        const qreal ratio = INTERNAL::length(way) / INTERNAL::length(lastWay);
         if (!INTERNAL::isPlausibleScale(ratio))
             return false;
         d->scaleFactor = ratio;
@@ -86,27 +86,23 @@ static bool scale(PinchGesturePrivate *d, const QLineF &line, const QLineF &last
     return true;
 }
 
-static void logMeasurement(const QLineF &line, qreal angle, qreal startAngle)
+static void logMeasurement(const PinchGesturePrivate *d)
 {
     if (!INTERNAL::isHeard())
         return;
     const LogHandler log(QString(), __FILE__, __LINE__, __func__);
-    log.debug().debug() << "P1" << line.p1();
-    log.debug().debug() << "P2" << line.p2();
-    log.debug().debug() << "ANGLE" << angle;
-    log.debug().debug() << "START ANGLE" << startAngle;
+    log.debug().debug() << "P1" << d->line.p1();
+    log.debug().debug() << "P2" << d->line.p2();
+    log.debug().debug() << "ANGLE" << INTERNAL::signedAngle(d->line);
+    log.debug().debug() << "START ANGLE" << INTERNAL::signedAngle(d->startLine);
 }
 
 static void rotate(PinchGesturePrivate *d, const QLineF &line)
 {
-    const qreal angle = INTERNAL::signedAngle(line);
-    const qreal startAngle =
-        INTERNAL::signedAngle(QLineF(d->startPositions[0], d->startPositions[1]));
-    d->lastRotationAngle = d->isNewSequence ? 0 : d->rotationAngle;
-    d->rotationAngle = startAngle - angle;
-    d->totalRotationAngle += d->rotationAngle - d->lastRotationAngle;
+    d->lastLine = d->isNewSequence ? d->startLine : d->line;
+    d->line = line;
     d->changeFlags |= PinchGesture::RotationAngleChanged;
-    logMeasurement(line, angle, startAngle);
+    logMeasurement(d);
 }
 
 QGestureRecognizer::Result PinchGestureRecognizer::touchUpdate(PinchGesture *pinch,
@@ -120,12 +116,12 @@ QGestureRecognizer::Result PinchGestureRecognizer::touchUpdate(PinchGesture *pin
     const Point &second = event->touchPoints().at(1);
     const QLineF line(first.screenPos(), second.screenPos());
     if (d->isNewSequence) {
-        d->startPositions[0] = first.startScreenPos();
-        d->startPositions[1] = second.startScreenPos();
+        d->earlierRotation = d->totalRotation();
+        d->startLine = QLineF(first.startScreenPos(), second.startScreenPos());
         pinch->setHotSpot(line.center());
     }
     moveCenter(d, line);
-    if (!scale(d, line, QLineF(first.lastScreenPos(), second.lastScreenPos())))
+    if (!scale(d, line.p2() - line.p1(), second.lastScreenPos() - first.lastScreenPos()))
         return Ignore;
     rotate(d, line);
     d->totalChangeFlags |= d->changeFlags;

@@ -27,9 +27,9 @@ void SwipeGesturePrivate::reach(const FingerPoints &start)
 void SwipeGesturePrivate::measure(const QPointF &point, const QPointF &movement)
 {
     currentPoint = point;
-    const double distance = std::sqrt(QPointF::dotProduct(movement, movement));
     const qint64 elapsed = timer.restart();
-    velocity = velocityKept * velocity + distance / double(elapsed > 0 ? elapsed : 1);
+    velocity =
+        velocityKept * velocity + INTERNAL::length(movement) / double(elapsed > 0 ? elapsed : 1);
 }
 
 bool SwipeGesturePrivate::accept(const QPointF &movement, const FingerPoints &fingers)

@@ -84,8 +84,9 @@ public:
 
     //! Writes what the editor needs to show the loaded plugins into the folder dirPath, which is
     //! made if missing: for each widget library one folder, named by the plugin's id, with texts
-    //! in languageCode. Folders that are up to date stay as they are; folders of other plugins are
-    //! removed. docs/file-formats.md describes the files.
+    //! in languageCode. Folders that are up to date stay as they are; all other folders in dirPath
+    //! are removed. One call at a time may work on a folder. docs/file-formats.md describes the
+    //! files.
     //!
     //! False if there was any error; each leaves a log record in category "RESOURCES_GENERATION".
     //! A plugin that failed has no folder then and is generated again by the next call, as is

@@ -5,8 +5,6 @@
 #include <QSaveFile>
 #include <QXmlStreamWriter>
 
-#include <functional>
-
 namespace NARV::INTERNAL {
 
 using Library = WidgetLibraryPluginMetaInformation;
@@ -28,7 +26,50 @@ struct Document
     std::function<int(QXmlStreamWriter &writer)> write;
 };
 
+//! Hands the words of a document to a file in blocks: the buffer that a file has of its own costs
+//! as much for each word as making the word.
+class BlockDevice final : public QIODevice
+{
+public:
+    explicit BlockDevice(QFileDevice &file)
+        : m_file(file)
+    {
+        m_block.reserve(blockSize);
+        open(WriteOnly | Unbuffered);
+    }
+
+    //! False if the file did not take all of what was written here.
+    bool flush();
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *data, qint64 size) override;
+
+private:
+    static constexpr int blockSize = 1 << 16;
+
+    QFileDevice &m_file;
+    QByteArray m_block;
+};
+
 } // namespace
+
+bool BlockDevice::flush()
+{
+    const qint64 size = m_block.size();
+    const qint64 written = m_file.write(m_block);
+    m_block.resize(0); // keeps what is reserved
+    // The result of flush() is the only one that tells of a full disk.
+    return written == size && m_file.flush();
+}
+
+qint64 BlockDevice::writeData(const char *data, qint64 size)
+{
+    if (m_block.size() + size > blockSize && !flush())
+        return -1;
+    m_block.append(data, int(size));
+    return size;
+}
 
 static void addGallery(QVector<Document> &documents, const Library &library,
                        const QString &languageCode, Utils::GalleryType type)
@@ -72,6 +113,14 @@ static QVector<Document> documentsOf(const Library &library, const QString &lang
     return documents;
 }
 
+bool writeXmlDocument(QFileDevice &file, const std::function<int(QXmlStreamWriter &)> &write)
+{
+    BlockDevice device(file);
+    QXmlStreamWriter writer(&device);
+    writer.setAutoFormatting(true);
+    return write(writer) == 0 && !writer.hasError() && device.flush();
+}
+
 //! The text says what went wrong; null if nothing did.
 static QString writeDocument(const Document &document, const QString &folder,
                              const QString &finalFolder)
@@ -82,11 +131,7 @@ static QString writeDocument(const Document &document, const QString &folder,
     QSaveFile file(folder + name);
     if (!file.open(QIODevice::WriteOnly))
         return QString::fromLatin1(document.openError).arg(told);
-    QXmlStreamWriter writer(&file);
-    writer.setAutoFormatting(true);
-    const bool ok = document.write(writer) == 0 && !writer.hasError();
-    // The result of flush() is the only one that tells of a full disk.
-    if (ok && file.flush() && file.commit())
+    if (writeXmlDocument(file, document.write) && file.commit())
         return {};
     return QString::fromLatin1(document.writeError).arg(told);
 }

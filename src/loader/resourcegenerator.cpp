@@ -74,17 +74,16 @@ QStringList ResourceGenerator::staleIds(const ResourceIndex &index) const
     return ids;
 }
 
-//! The folders that belong to no entry, what a crash has left of a workspace included.
-QStringList ResourceGenerator::orphans(const ResourceIndex &index) const
+void ResourceGenerator::listFolders()
 {
-    QStringList names;
-    const auto all = QDir(m_folder).entryList(QDir::Dirs | QDir::Hidden | QDir::NoSymLinks |
-                                              QDir::NoDotAndDotDot);
-    for (const QString &name : all) {
-        if (!index.contains(name))
-            names.append(name);
-    }
-    return names;
+    const auto names = QDir(m_folder).entryList(QDir::Dirs | QDir::Hidden | QDir::NoSymLinks |
+                                                QDir::NoDotAndDotDot);
+    m_folders = QSet<QString>(names.cbegin(), names.cend());
+}
+
+ResourceWorkspace &ResourceGenerator::workspace()
+{
+    return m_workspace ? *m_workspace : m_workspace.emplace(m_folder);
 }
 
 // As long as a folder is gone, being made, or made but not recorded, a run that ends there must not
@@ -94,7 +93,7 @@ bool ResourceGenerator::stopVouching(const ResourceIndex &index, const QStringLi
 {
     ResourceIndex kept = index;
     for (auto it = m_plugins.cbegin(); it != m_plugins.cend(); ++it) {
-        if (stale.contains(it.key()) || !isRealFolder(path(it.key())))
+        if (stale.contains(it.key()) || !m_folders.contains(it.key()))
             kept.remove(it.key());
     }
     if ((m_ok && kept.size() == index.size()) || !QFileInfo(indexPath).isFile())
@@ -109,8 +108,8 @@ void ResourceGenerator::remove(const QString &name)
     const QString place = path(name);
     if (!isOccupied(place))
         return;
-    const bool isFolder = isRealFolder(place);
-    if (m_workspace->discard(place))
+    const bool isFolder = m_folders.remove(name);
+    if (workspace().discard(place))
         tell(name, ResourceStep::Removed);
     else
         fail(name, (isFolder ? QStringLiteral("Error removing directory %1")
@@ -124,14 +123,14 @@ QString ResourceGenerator::makeFolder(const WidgetLibraryPluginData &plugin)
     const QString id = plugin.metaInformation()->id();
     const QString folder = path(id);
     const QString unmade = QStringLiteral("Error creating directory %1").arg(folder);
-    const QString incomplete = m_workspace->path(id);
-    if (isOccupied(folder) || !m_workspace->isValid() || !QDir().mkdir(incomplete))
+    const QString incomplete = workspace().path(id);
+    if (isOccupied(folder) || !workspace().isValid() || !QDir().mkdir(incomplete))
         return unmade;
     const QString error =
         writeResourceDocuments(*plugin.metaInformation(), m_languageCode, incomplete, folder);
     if (!error.isNull())
         return error;
-    return m_workspace->moveOut(id, folder) ? QString() : unmade;
+    return workspace().moveOut(id, folder) ? QString() : unmade;
 }
 
 // A time that has no text, such as that of a file that is gone, would spoil the whole index.
@@ -148,7 +147,7 @@ void ResourceGenerator::record(const WidgetLibraryPluginData &plugin, ResourceIn
 void ResourceGenerator::generate(const WidgetLibraryPluginData &plugin, ResourceIndex &index)
 {
     const QString id = plugin.metaInformation()->id();
-    if (isRealFolder(path(id))) {
+    if (m_folders.contains(id)) {
         tell(id, ResourceStep::Kept);
         return;
     }
@@ -167,20 +166,26 @@ void ResourceGenerator::forgetFailed(ResourceIndex &index)
     for (const QString &name : qAsConst(m_failed)) {
         index.remove(name);
         if (isOccupied(path(name)))
-            m_workspace->discard(path(name));
+            workspace().discard(path(name));
     }
 }
 
 bool ResourceGenerator::run(ResourceIndex &index, const QString &indexPath, bool isRead)
 {
     m_ok = isRead;
+    listFolders();
     const QStringList stale = staleIds(index);
-    const QStringList unknown = orphans(index);
     if (!stopVouching(index, stale, indexPath))
         return false;
-    m_workspace.emplace(m_folder);
-    for (const QString &name : stale + unknown)
-        remove(name);
+    for (const QString &id : stale)
+        remove(id);
+    // What a crash has left of a workspace belongs to no entry either.
+    QStringList folders = m_folders.values();
+    folders.sort();
+    for (const QString &name : qAsConst(folders)) {
+        if (!index.contains(name))
+            remove(name);
+    }
     for (const PluginData *plugin : m_plugins) {
         const bool isWidgetLibrary = plugin->type() == PluginData::Type::WidgetLibrary;
         const auto *library = plugin->toWidgetLibraryPluginData();

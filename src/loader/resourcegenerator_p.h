@@ -26,9 +26,10 @@ public:
 private:
     bool isCurrent(const QString &id, const PluginLoader::ExtraResourceData &entry) const;
     QStringList staleIds(const ResourceIndex &index) const;
-    QStringList orphans(const ResourceIndex &index) const;
+    void listFolders();
     bool stopVouching(const ResourceIndex &index, const QStringList &stale,
                       const QString &indexPath) const;
+    ResourceWorkspace &workspace();
     void remove(const QString &name);
     void generate(const WidgetLibraryPluginData &plugin, ResourceIndex &index);
     QString makeFolder(const WidgetLibraryPluginData &plugin);
@@ -42,7 +43,8 @@ private:
     const QString m_languageCode;
     const QMap<QString, PluginData *> &m_plugins;
     const PluginLoader::ResourceListener &m_listener;
-    std::optional<ResourceWorkspace> m_workspace;
+    std::optional<ResourceWorkspace> m_workspace; //!< made when there is something to do
+    QSet<QString> m_folders;                      //!< that are there
     QSet<QString> m_failed;
     bool m_ok = true;
 };

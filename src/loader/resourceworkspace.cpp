@@ -1,7 +1,7 @@
 #include "loader/resourceworkspace_p.h"
 
-#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <filesystem>
@@ -9,12 +9,6 @@
 #include <type_traits>
 
 namespace NARV::INTERNAL {
-
-bool isRealFolder(const QString &path)
-{
-    const QFileInfo info(path);
-    return info.isDir() && !info.isSymLink();
-}
 
 bool isOccupied(const QString &path)
 {
@@ -38,10 +32,12 @@ static bool move(const QString &from, const QString &to)
     return !error;
 }
 
-// Inside a folder Qt does not follow links either.
+// Unlike Qt's own this takes all kinds of links that Windows has for what they are.
 static bool remove(const QString &path)
 {
-    return isRealFolder(path) ? QDir(path).removeRecursively() : QFile::remove(path);
+    std::error_code error;
+    std::filesystem::remove_all(toNative(path), error);
+    return !error;
 }
 
 ResourceWorkspace::ResourceWorkspace(const QString &folder)
@@ -55,7 +51,7 @@ ResourceWorkspace::ResourceWorkspace(const QString &folder)
 ResourceWorkspace::~ResourceWorkspace()
 {
     if (isValid())
-        QDir(m_path).removeRecursively();
+        remove(m_path);
 }
 
 QString ResourceWorkspace::path(const QString &name) const

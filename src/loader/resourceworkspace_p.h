@@ -4,9 +4,6 @@
 
 namespace NARV::INTERNAL {
 
-//! Something other than a link to it is a folder.
-bool isRealFolder(const QString &path);
-
 //! Something is there: a file, a folder, or a link, whether or not it leads anywhere.
 bool isOccupied(const QString &path);
 

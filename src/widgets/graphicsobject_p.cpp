@@ -108,6 +108,8 @@ bool GraphicsObjectPrivate::emulateMouse(QEvent *event)
 {
     if (event->type() == QEvent::GraphicsSceneMousePress)
         return swallowMousePress(event);
+    if (event->type() == QEvent::TouchCancel)
+        touchPointId = noTouchPoint; // there is no end of it
     const MouseStep *step = mouseStep(event->type());
     if (!step)
         return false;

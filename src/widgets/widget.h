@@ -33,6 +33,7 @@ class WidgetPrivateAccessor;
 //! initialised; an event goes to the graphics objects that there were when it was sent, less the
 //! deleted ones. A write inside a handler sends its own event at once, so a receiver further down
 //! the list hears of the later write first: ask getFieldValue() for the current value.
+//! What a handler throws is logged and goes no further.
 class ZPPLUGIN_EXPORT Widget : public QObject
 {
     Q_OBJECT

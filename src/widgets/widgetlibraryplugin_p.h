@@ -1,7 +1,7 @@
 #pragma once
 
 #include <NARV/INTERNAL/ConstructorMatch>
-#include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
+#include <NARV/WidgetData>
 
 #include <QMap>
 #include <QString>
@@ -35,8 +35,9 @@ public:
         const QMetaObject *graphicsObjectMetaObject = nullptr;
         //! Found at registration; without a match no instance can be made.
         INTERNAL::ConstructorMatch widgetConstructor;
-        //! Read from the version text; invalid if that is none.
-        INTERNAL::PluginMetaInformation::VersionType parsedVersion;
+        //! What the last instance was made from, kept because most instances differ in the action
+        //! manager alone. That is null but while an instance is being made.
+        mutable WidgetData record;
         //! Of the fields of the last instance.
         mutable std::shared_ptr<const INTERNAL::FieldIndex> fieldIndex;
     };
@@ -71,7 +72,27 @@ public:
                               INTERNAL::WidgetActionManagerImpl *actionManagerImpl) const;
 
 private:
+    //! Hosts make many widgets of a kind in a row. A copy of the table has entries of its own.
+    struct LastFound
+    {
+        LastFound() = default;
+        LastFound(const LastFound &) {}
+        LastFound &operator=(const LastFound &)
+        {
+            entry = nullptr;
+            return *this;
+        }
+
+        const Registrations::value_type *entry = nullptr;
+    };
+
+    const Registration *find(const QString &widgetId, const QString &version) const;
+    static Widget *make(const Registration &registration, WidgetData &record,
+                        const QString &pluginId,
+                        INTERNAL::WidgetActionManagerImpl *actionManagerImpl);
+
     Registrations m_registrations;
+    mutable LastFound m_lastFound;
 };
 
 } // namespace NARV

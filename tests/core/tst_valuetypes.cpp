@@ -4,6 +4,9 @@
 
 #include <QVariant>
 
+#include <atomic>
+#include <thread>
+
 using VersionType = NARV::INTERNAL::PluginMetaInformation::VersionType;
 using TranslationStringType = NARV::INTERNAL::PluginMetaInformation::TranslationStringType;
 
@@ -44,6 +47,7 @@ private Q_SLOTS:
     void versionOrder();
     void translationLookUp();
     void translationContents();
+    void translationsFromManyThreads();
 };
 
 void tst_ValueTypes::versionFromText()
@@ -121,6 +125,36 @@ void tst_ValueTypes::translationContents()
 
     text.clear();
     QVERIFY(text.isEmpty() && text == TranslationStringType());
+}
+
+// The map of a text in one language is made when somebody asks for it, who may not be alone.
+void tst_ValueTypes::translationsFromManyThreads()
+{
+    static constexpr int rounds = 200;
+    static constexpr int readerCount = 4;
+    const QMap<QString, QString> expected{{u("en-US"), u("Level")}};
+    for (int round = 0; round < rounds; ++round) {
+        TranslationStringType shared;
+        shared.set(u("en-US"), u("Level"));
+        const TranslationStringType &text = shared;
+        std::atomic<int> waiting{readerCount};
+        std::atomic<int> wrong{0};
+        const auto read = [&] {
+            for (--waiting; waiting > 0;)
+                std::this_thread::yield();
+            const TranslationStringType before = text;
+            wrong += text.translations() != expected;
+            const TranslationStringType after = text;
+            wrong += before.translations() != expected;
+            wrong += after.translations() != expected || !(after == text);
+        };
+        std::thread readers[readerCount];
+        for (std::thread &reader : readers)
+            reader = std::thread(read);
+        for (std::thread &reader : readers)
+            reader.join();
+        QCOMPARE(wrong.load(), 0);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_ValueTypes)

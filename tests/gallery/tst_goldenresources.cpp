@@ -3,6 +3,8 @@
 #include <NARV/INTERNAL/PluginLoader>
 
 #include <QDir>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 //! The documents that the editor reads about the gallery, as scripts/renew-golden last wrote them.
@@ -13,6 +15,8 @@ class tst_GoldenResources : public GuardedTest
 private Q_SLOTS:
     void areAsBefore_data();
     void areAsBefore();
+    void areWellFormed_data() { areAsBefore_data(); }
+    void areWellFormed();
 };
 
 static QStringList linesOf(const QString &path)
@@ -49,6 +53,27 @@ void tst_GoldenResources::areAsBefore()
     loader.unload();
     for (const LogEntry &entry : takeLog())
         QCOMPARE(entry.type, int(QtInfoMsg));
+}
+
+// But for the attribute that the editor wants twice.
+void tst_GoldenResources::areWellFormed()
+{
+    QFETCH(QString, language);
+    const QString xmllint = QStandardPaths::findExecutable(u("xmllint"));
+    QVERIFY2(!xmllint.isEmpty(), "there is no xmllint; scripts/setup --tests installs it");
+    const QDir golden(QStringLiteral(GOLDEN_DIR "/") + language);
+    for (const QFileInfo &file : golden.entryInfoList(QDir::Files)) {
+        QProcess process;
+        process.start(xmllint, {u("--noout"), file.filePath()});
+        QVERIFY(process.waitForFinished());
+        QStringList complaints;
+        for (const QByteArray &line : process.readAllStandardError().split('\n')) {
+            if (line.contains("error"))
+                complaints += QString::fromUtf8(line).section(u("error : "), 1);
+        }
+        const bool isGallery = file.fileName().contains(u("gallery_page"));
+        QCOMPARE(complaints.join(u("; ")), isGallery ? u("Attribute attrib redefined") : QString());
+    }
 }
 
 QTEST_MAIN(tst_GoldenResources)

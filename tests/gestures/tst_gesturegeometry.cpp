@@ -9,44 +9,6 @@ using namespace NARV::INTERNAL;
 static const qreal notANumber = std::numeric_limits<qreal>::quiet_NaN();
 static const qreal infinity = std::numeric_limits<qreal>::infinity();
 
-class tst_GestureGeometry : public GuardedTest
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void meanMovement_data();
-    void meanMovement();
-    void limits_data();
-    void limits();
-    void angles_data();
-    void angles();
-};
-
-static const struct
-{
-    const char *name;
-    FingerPoints from;
-    FingerPoints to;
-    QPointF expected;
-} movementRows[] = {
-    {"no finger", {}, {}, {0, 0}},
-    {"one", {{{{1, 2}}}, 1}, {{{{4, 8}}}, 1}, {3, 6}},
-    {"two", {{{{0, 0}, {10, 10}}}, 2}, {{{{4, 0}, {20, 10}}}, 2}, {7, 0}},
-    {"opposite", {{{{0, 0}, {10, 0}}}, 2}, {{{{-5, 0}, {15, 0}}}, 2}, {0, 0}},
-    {"three", {{{{0, 0}, {7, 0}, {9, 9}}}, 3}, {{{{50, 1}, {57, 2}, {59, 12}}}, 3}, {50, 2}},
-};
-
-void tst_GestureGeometry::meanMovement_data()
-{
-    addRows(movementRows);
-}
-
-void tst_GestureGeometry::meanMovement()
-{
-    const auto &row = currentRow(movementRows);
-    QCOMPARE(mean(row.to - row.from), row.expected);
-}
-
 static const struct
 {
     const char *name;
@@ -66,40 +28,58 @@ static const struct
     {"no distance at all", isPlausibleScale(notANumber), false},
 };
 
-void tst_GestureGeometry::limits_data()
-{
-    addRows(limitRows);
-}
-
-void tst_GestureGeometry::limits()
-{
-    const auto &row = currentRow(limitRows);
-    QCOMPARE(row.isTrue, row.expected);
-}
-
 static const struct
 {
     const char *name;
     QPointF to;
-    qreal expected;
-} angleRows[] = {
-    {"right", {1, 0}, 0},
-    {"up", {0, -1}, 90},
-    {"left", {-1, 0}, 180},
-    {"down", {0, 1}, -90},
-    {"right and down", {1, 1}, -45},
-    {"left and down", {-1, 1}, -135},
+    qreal angle;
+    qreal length;
+} wayRows[] = {
+    {"right", {1, 0}, 0, 1},
+    {"up", {0, -2}, 90, 2},
+    {"left", {-1, 0}, 180, 1},
+    {"down", {0, 1}, -90, 1},
+    {"right and down", {3, 3}, -45, std::sqrt(18.0)},
+    {"left and down", {-1, 1}, -135, std::sqrt(2.0)},
 };
 
-void tst_GestureGeometry::angles_data()
+static const struct
 {
-    addRows(angleRows);
+    const char *name;
+    FingerPoints from;
+    FingerPoints to;
+    QPointF expected;
+} movementRows[] = {
+    {"no finger", {}, {}, {0, 0}},
+    {"one", {{{{1, 2}}}, 1}, {{{{4, 8}}}, 1}, {3, 6}},
+    {"opposite", {{{{0, 0}, {10, 0}}}, 2}, {{{{-5, 0}, {19, 0}}}, 2}, {2, 0}},
+    {"three", {{{{0, 0}, {7, 0}, {9, 9}}}, 3}, {{{{50, 1}, {57, 2}, {59, 12}}}, 3}, {50, 2}},
+};
+
+class tst_GestureGeometry : public GuardedTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void limits_data() { addRows(limitRows); }
+    void limits() { QCOMPARE(currentRow(limitRows).isTrue, currentRow(limitRows).expected); }
+    void ways_data() { addRows(wayRows); }
+    void ways();
+    void meanMovement_data() { addRows(movementRows); }
+    void meanMovement();
+};
+
+void tst_GestureGeometry::ways()
+{
+    const auto &row = currentRow(wayRows);
+    QCOMPARE(signedAngle(QLineF({}, row.to)), row.angle);
+    QCOMPARE(length(row.to), row.length);
 }
 
-void tst_GestureGeometry::angles()
+void tst_GestureGeometry::meanMovement()
 {
-    const auto &row = currentRow(angleRows);
-    QCOMPARE(signedAngle(QLineF({}, row.to)), row.expected);
+    const auto &row = currentRow(movementRows);
+    QCOMPARE(mean(row.to - row.from), row.expected);
 }
 
 QTEST_APPLESS_MAIN(tst_GestureGeometry)

@@ -11,16 +11,6 @@
 
 using namespace NARV;
 
-class tst_Init : public GuardedTest
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void numbers_data();
-    void numbers();
-    void onlyTheFirstCallCounts();
-};
-
 static const struct
 {
     const char *name;
@@ -39,10 +29,15 @@ static const struct
     {"pinch", PinchGestureRecognizer::type(), GraphicsObject::pinchGestureType(), 263},
 };
 
-void tst_Init::numbers_data()
+class tst_Init : public GuardedTest
 {
-    addRows(numberRows);
-}
+    Q_OBJECT
+
+private Q_SLOTS:
+    void numbers_data() { addRows(numberRows); }
+    void numbers();
+    void onlyTheFirstCallCounts();
+};
 
 void tst_Init::numbers()
 {

@@ -14,23 +14,6 @@ using namespace NARV;
 using Recognizer = QGestureRecognizer;
 using Points = QVector<QPointF>;
 
-// A gesture that the toolkit has not made active.
-class tst_Recognizers : public GuardedTest
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void results_data();
-    void results();
-    void swipeDirections_data();
-    void swipeDirections();
-    void pinchValues_data();
-    void pinchValues();
-    void pinchLog();
-    void onlyGraphicsObjects_data();
-    void onlyGraphicsObjects();
-};
-
 //! Keeps what is between two events: the fingers and the gesture.
 class Bench
 {
@@ -214,24 +197,6 @@ static const struct
     {"pinch, others", Pinch, 2, {{QEvent::TouchCancel, {}, ignore}, {press, one, ignore}}},
 };
 
-void tst_Recognizers::results_data()
-{
-    addRows(resultRows);
-}
-
-void tst_Recognizers::results()
-{
-    const auto &row = currentRow(resultRows);
-    Bench bench(make(row.kind, row.fingers));
-    for (const Step &step : row.steps) {
-        const bool byMouse = step.type == press || step.type == move || step.type == lift;
-        const auto result = byMouse ? bench.mouse(step.type, step.points.constFirst())
-                                    : bench.touch(step.type, step.points);
-        QCOMPARE(int(result & Recognizer::ResultState_Mask), int(step.expected));
-    }
-    takeLog(); // the pinch's
-}
-
 static const struct
 {
     const char *name;
@@ -251,9 +216,48 @@ static const struct
     {"turn of 7", {{60, 0}, {120, 7}}, cancel, SwipeGesture::Right, SwipeGesture::Down, -1},
 };
 
-void tst_Recognizers::swipeDirections_data()
+static const struct
 {
-    addRows(swipeRows);
+    const char *name;
+    Points fingers;
+    double scale;
+    double rotation;
+    QPointF center;
+} pinchRows[] = {
+    {"spread", {{0, 0}, {150, 0}}, 1.5, 0, {75, 0}},
+    {"together", {{25, 0}, {75, 0}}, 0.5, 0, {50, 0}},
+    {"quarter turn clockwise", {{0, 0}, {0, 100}}, 1, 90, {0, 50}},
+    {"eighth turn back", {{0, 0}, {100, -100}}, std::sqrt(2.0), -45, {50, -50}},
+    {"moved", {{10, 20}, {110, 20}}, 1, 0, {60, 20}},
+};
+
+// A gesture that the toolkit has not made active.
+class tst_Recognizers : public GuardedTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void results_data() { addRows(resultRows); }
+    void results();
+    void swipeDirections_data() { addRows(swipeRows); }
+    void swipeDirections();
+    void pinchValues_data() { addRows(pinchRows); }
+    void pinchValues();
+    void pinchLog();
+    void onlyGraphicsObjects();
+};
+
+void tst_Recognizers::results()
+{
+    const auto &row = currentRow(resultRows);
+    Bench bench(make(row.kind, row.fingers));
+    for (const Step &step : row.steps) {
+        const bool byMouse = step.type == press || step.type == move || step.type == lift;
+        const auto result = byMouse ? bench.mouse(step.type, step.points.constFirst())
+                                    : bench.touch(step.type, step.points);
+        QCOMPARE(int(result & Recognizer::ResultState_Mask), int(step.expected));
+    }
+    takeLog(); // the pinch's
 }
 
 void tst_Recognizers::swipeDirections()
@@ -273,26 +277,6 @@ void tst_Recognizers::swipeDirections()
         QCOMPARE(swipe->swipeAngle(), row.angle);
     // The timer counts whole milliseconds: a quick test takes 1 for each move, or a few.
     QVERIFY(swipe->velocity() > 0.9 && swipe->velocity() <= 0.9 + 120);
-}
-
-static const struct
-{
-    const char *name;
-    Points fingers;
-    double scale;
-    double rotation;
-    QPointF center;
-} pinchRows[] = {
-    {"spread", {{0, 0}, {150, 0}}, 1.5, 0, {75, 0}},
-    {"together", {{25, 0}, {75, 0}}, 0.5, 0, {50, 0}},
-    {"quarter turn clockwise", {{0, 0}, {0, 100}}, 1, 90, {0, 50}},
-    {"eighth turn back", {{0, 0}, {100, -100}}, std::sqrt(2.0), -45, {50, -50}},
-    {"moved", {{10, 20}, {110, 20}}, 1, 0, {60, 20}},
-};
-
-void tst_Recognizers::pinchValues_data()
-{
-    addRows(pinchRows);
 }
 
 void tst_Recognizers::pinchValues()
@@ -319,6 +303,13 @@ void tst_Recognizers::pinchValues()
     QCOMPARE(int(pinch->changeFlags()), int(PinchGesture::CenterPointChanged));
     QCOMPARE(pinch->totalScaleFactor(), row.scale);
     QCOMPARE(pinch->startCenterPoint(), QPointF(50, 0));
+
+    // A third finger comes and goes: measured anew from where the fingers went down.
+    bench.touch(update, three);
+    bench.touch(update, row.fingers);
+    QCOMPARE(pinch->scaleFactor(), 1.0);
+    QCOMPARE(pinch->lastRotationAngle(), 0.0);
+    QCOMPARE(pinch->totalRotationAngle(), 2 * row.rotation);
     takeLog();
 }
 
@@ -339,23 +330,16 @@ void tst_Recognizers::pinchLog()
                                     u("START ANGLE 0")}));
 }
 
-void tst_Recognizers::onlyGraphicsObjects_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::newRow("pan") << int(Pan);
-    QTest::newRow("swipe") << int(Swipe);
-    QTest::newRow("pinch") << int(Pinch);
-}
-
 void tst_Recognizers::onlyGraphicsObjects()
 {
-    QFETCH(int, kind);
-    Bench bench(make(Kind(kind), 1));
-    QTouchEvent event(begin, nullptr, Qt::NoModifier, {}, {QTouchEvent::TouchPoint(0)});
-    QCOMPARE(int(bench.send(event, this)), int(ignore));
-    QCOMPARE(int(bench.send(event, nullptr)), int(ignore));
     GestureItem item;
-    QCOMPARE(int(bench.send(event, &item)), int(maybe));
+    for (const Kind kind : {Pan, Swipe, Pinch}) {
+        Bench bench(make(kind, 1));
+        QTouchEvent event(begin, nullptr, Qt::NoModifier, {}, {QTouchEvent::TouchPoint(0)});
+        QCOMPARE(int(bench.send(event, this)), int(ignore));
+        QCOMPARE(int(bench.send(event, nullptr)), int(ignore));
+        QCOMPARE(int(bench.send(event, &item)), int(maybe));
+    }
 }
 
 QTEST_MAIN(tst_Recognizers)

@@ -9,31 +9,6 @@ using namespace NARV;
 using Direction = SwipeGesture::SwipeDirection;
 using Points = QVector<QPointF>;
 
-// From touches and mouse events on a view to what an item hears.
-class tst_SceneGestures : public GuardedTest
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase() { INTERNAL::narvInit(QIcon()); }
-    void pan_data();
-    void pan();
-    void panAndBack();
-    void swipe_data();
-    void swipe();
-    void swipeBack();
-    void swipeDebug();
-    void pinch_data();
-    void pinch();
-    void pinchEndsWithThirdFinger();
-    void mouse_data();
-    void mouse();
-    void touchBecomesMouse_data();
-    void touchBecomesMouse();
-    void systemPressIsSwallowed();
-    void itemDiesDuringGesture();
-};
-
 static const QTransform unrotated;
 static const QTransform rotated = QTransform().rotate(90);
 static const QTransform mirrored = QTransform::fromScale(-1, 1);
@@ -53,60 +28,7 @@ static const struct
 {
     const char *name;
     QTransform transform;
-    int fingers;
-} panRows[] = {
-    {"1 finger", unrotated, 1},           {"1 finger, rotated", rotated, 1},
-    {"1 finger, mirrored", mirrored, 1},  {"2 fingers", unrotated, 2},
-    {"2 fingers, rotated", rotated, 2},   {"2 fingers, mirrored", mirrored, 2},
-    {"3 fingers", unrotated, 3},          {"3 fingers, rotated", rotated, 3},
-    {"3 fingers, mirrored", mirrored, 3},
-};
-
-void tst_SceneGestures::pan_data()
-{
-    addRows(panRows);
-}
-
-void tst_SceneGestures::pan()
-{
-    const auto &row = currentRow(panRows);
-    GestureScene scene;
-    scene.item->setTransform(row.transform);
-    for (int type = 257; type <= 259; ++type)
-        scene.item->grabGesture(Qt::GestureType(type));
-    QStringList heard;
-    const Points start = startPoints(row.transform, row.fingers);
-    const QPointF startPoint = scene.toScreen(start[0]);
-    scene.item->onGesture = [&](QGesture *gesture, auto *) {
-        const auto *pan = static_cast<PanGesture *>(gesture);
-        QCOMPARE(int(gesture->gestureType()), 256 + row.fingers);
-        QCOMPARE(pan->startPoint(), startPoint);
-        QCOMPARE(gesture->hotSpot(), startPoint);
-        QCOMPARE(pan->delta(), pan->offset() - pan->lastOffset());
-        heard += u("%1:%2,%3").arg(gesture->state()).arg(pan->offset().x()).arg(pan->delta().y());
-    };
-
-    scene.press(start);
-    scene.moveBy({8, 0});
-    scene.moveBy({3, 1});
-    scene.moveBy({9, 9});
-    scene.release();
-    QCOMPARE(heard.join(u(" ")), u("1:11,1 2:20,9 3:20,0"));
-}
-
-// Fingers that come back to where they went down pause the drag, which then starts again.
-void tst_SceneGestures::panAndBack()
-{
-    GestureScene scene;
-    scene.item->grabGesture(GraphicsObject::pan1TouchGestureType());
-    QVector<int> states;
-    scene.item->onGesture = [&](QGesture *gesture, auto *) { states += gesture->state(); };
-    scene.press(startPoints(unrotated, 1));
-    for (const QPointF step : {QPointF(20, 0), QPointF(-18, 0), QPointF(20, 0)})
-        scene.moveBy(step);
-    scene.release();
-    QCOMPARE(states, QVector<int>({Qt::GestureStarted, Qt::GestureStarted, Qt::GestureFinished}));
-}
+} placeRows[] = {{"unrotated", unrotated}, {"rotated", rotated}, {"mirrored", mirrored}};
 
 static const struct
 {
@@ -154,9 +76,108 @@ static const struct
      354},
 };
 
-void tst_SceneGestures::swipe_data()
+static const struct
 {
-    addRows(swipeRows);
+    const char *name;
+    Qt::GestureType type;
+    Points points;
+    QVector<int> states;
+} mouseRows[] = {
+    {"pan",
+     GraphicsObject::pan1TouchGestureType(),
+     {{400, 400}, {402, 400}, {410, 400}},
+     {1, 2, 2, 3}},
+    {"pan to and fro",
+     GraphicsObject::pan1TouchGestureType(),
+     {{400, 400}, {402, 400}, {400, 400}},
+     {1, 2, 2, 4}},
+    {"two finger pan", GraphicsObject::pan2TouchesGestureType(), {{400, 400}, {500, 400}}, {}},
+    {"swipe",
+     GraphicsObject::swipe1TouchGestureType(),
+     {{400, 400}, {440, 400}, {460, 400}},
+     {1, 3}},
+    {"two finger swipe", GraphicsObject::swipe2TouchesGestureType(), {{400, 400}, {500, 400}}, {}},
+};
+
+static const struct
+{
+    const char *name;
+    QTransform transform;
+    bool emulates;
+    const char *mouse;
+} emulationRows[] = {
+    {"unrotated", unrotated, true, "press 150,150 move 160,170 release 160,170"},
+    {"rotated", rotated, true, "press 150,150 move 170,140 release 170,140"},
+    {"mirrored", mirrored, true, "press 150,150 move 140,170 release 140,170"},
+    {"without", unrotated, false, ""},
+};
+
+// From touches and mouse events on a view to what an item hears.
+class tst_SceneGestures : public GuardedTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { INTERNAL::narvInit(QIcon()); }
+    void pan_data() { addRows(placeRows); }
+    void pan();
+    void panAndBack();
+    void swipe_data() { addRows(swipeRows); }
+    void swipe();
+    void swipeBack();
+    void swipeDebug();
+    void pinch_data() { addRows(placeRows); }
+    void pinch();
+    void pinchEndsWithThirdFinger();
+    void mouse_data() { addRows(mouseRows); }
+    void mouse();
+    void touchBecomesMouse_data() { addRows(emulationRows); }
+    void touchBecomesMouse();
+    void systemPressIsSwallowed();
+    void itemDiesDuringGesture();
+};
+
+void tst_SceneGestures::pan()
+{
+    const QTransform &transform = currentRow(placeRows).transform;
+    for (int fingers = 1; fingers <= 3; ++fingers) {
+        GestureScene scene;
+        scene.item->setTransform(transform);
+        for (int type = 257; type <= 259; ++type)
+            scene.item->grabGesture(Qt::GestureType(type));
+        QStringList heard;
+        const Points start = startPoints(transform, fingers);
+        const QPointF startPoint = scene.toScreen(start[0]);
+        scene.item->onGesture = [&](QGesture *gesture, auto *) {
+            const auto *pan = static_cast<PanGesture *>(gesture);
+            QCOMPARE(int(gesture->gestureType()), 256 + fingers);
+            QCOMPARE(pan->startPoint(), startPoint);
+            QCOMPARE(gesture->hotSpot(), startPoint);
+            QCOMPARE(pan->delta(), pan->offset() - pan->lastOffset());
+            heard +=
+                u("%1:%2,%3").arg(gesture->state()).arg(pan->offset().x()).arg(pan->delta().y());
+        };
+
+        scene.press(start);
+        for (const QPointF step : {QPointF(8, 0), QPointF(3, 1), QPointF(9, 9)})
+            scene.moveBy(step);
+        scene.release();
+        QCOMPARE(heard.join(u(" ")), u("1:11,1 2:20,9 3:20,0"));
+    }
+}
+
+// Fingers that come back to where they went down pause the drag, which then starts again.
+void tst_SceneGestures::panAndBack()
+{
+    GestureScene scene;
+    scene.item->grabGesture(GraphicsObject::pan1TouchGestureType());
+    QVector<int> states;
+    scene.item->onGesture = [&](QGesture *gesture, auto *) { states += gesture->state(); };
+    scene.press(startPoints(unrotated, 1));
+    for (const QPointF step : {QPointF(20, 0), QPointF(-18, 0), QPointF(20, 0)})
+        scene.moveBy(step);
+    scene.release();
+    QCOMPARE(states, QVector<int>({Qt::GestureStarted, Qt::GestureStarted, Qt::GestureFinished}));
 }
 
 void tst_SceneGestures::swipe()
@@ -229,17 +250,9 @@ void tst_SceneGestures::swipeDebug()
     QCOMPARE(text, u("NARV::SwipeGesture(0x0) "));
 }
 
-void tst_SceneGestures::pinch_data()
-{
-    QTest::addColumn<QTransform>("transform");
-    QTest::newRow("unrotated") << unrotated;
-    QTest::newRow("rotated") << rotated;
-    QTest::newRow("mirrored") << mirrored;
-}
-
 void tst_SceneGestures::pinch()
 {
-    QFETCH(QTransform, transform);
+    const QTransform &transform = currentRow(placeRows).transform;
     GestureScene scene;
     scene.item->setTransform(transform);
     scene.item->grabGesture(GraphicsObject::pinchGestureType());
@@ -285,34 +298,6 @@ void tst_SceneGestures::pinchEndsWithThirdFinger()
     takeLog();
 }
 
-static const struct
-{
-    const char *name;
-    Qt::GestureType type;
-    Points points;
-    QVector<int> states;
-} mouseRows[] = {
-    {"pan",
-     GraphicsObject::pan1TouchGestureType(),
-     {{400, 400}, {402, 400}, {410, 400}},
-     {1, 2, 2, 3}},
-    {"pan to and fro",
-     GraphicsObject::pan1TouchGestureType(),
-     {{400, 400}, {402, 400}, {400, 400}},
-     {1, 2, 2, 4}},
-    {"two finger pan", GraphicsObject::pan2TouchesGestureType(), {{400, 400}, {500, 400}}, {}},
-    {"swipe",
-     GraphicsObject::swipe1TouchGestureType(),
-     {{400, 400}, {440, 400}, {460, 400}},
-     {1, 3}},
-    {"two finger swipe", GraphicsObject::swipe2TouchesGestureType(), {{400, 400}, {500, 400}}, {}},
-};
-
-void tst_SceneGestures::mouse_data()
-{
-    addRows(mouseRows);
-}
-
 void tst_SceneGestures::mouse()
 {
     const auto &row = currentRow(mouseRows);
@@ -325,24 +310,6 @@ void tst_SceneGestures::mouse()
     };
     scene.drag(row.points);
     QCOMPARE(states, row.states);
-}
-
-static const struct
-{
-    const char *name;
-    QTransform transform;
-    bool emulates;
-    const char *mouse;
-} emulationRows[] = {
-    {"unrotated", unrotated, true, "press 150,150 move 160,170 release 160,170"},
-    {"rotated", rotated, true, "press 150,150 move 170,140 release 170,140"},
-    {"mirrored", mirrored, true, "press 150,150 move 140,170 release 140,170"},
-    {"without", unrotated, false, ""},
-};
-
-void tst_SceneGestures::touchBecomesMouse_data()
-{
-    addRows(emulationRows);
 }
 
 // The gestures come beside it.

@@ -85,6 +85,9 @@ static const struct
     {"check /dev/zero", 2, "'/dev/zero'"},
     {"check . --timeout 0", 2, "from 1 to 3600"},
     {"describe . --language it", 2, "it-IT"},
+    {"resources . out --language ../x", 2, "it-IT"},
+    {"resources no/such/folder out", 2, "'no/such/folder'"},
+    {"resources .", 2, "OUT is missing"},
 };
 
 static const struct
@@ -222,6 +225,7 @@ private Q_SLOTS:
     void describe();
     void describeJson();
     void describeWithoutLoading();
+    void resources();
     void colours();
 
 private:
@@ -512,6 +516,34 @@ void tst_Zpplugin::describeWithoutLoading()
     QVERIFY2(crashing.out.startsWith(QLatin1String("CRASH 1.0.0\n")), qPrintable(crashing.out));
     QVERIFY(crashing.err.contains(u("(SIGSEGV) while loading")));
     QCOMPARE(crashing.exitCode, 1);
+}
+
+// What was done is told folder by folder, then what went wrong, then how much of each.
+void tst_Zpplugin::resources()
+{
+    const QString plugins = m_dir.filePath(u("plugins"));
+    const QString out = m_dir.filePath(u("out"));
+    const auto check = [&](const QString &place, int exitCode, const QStringList &lines) {
+        const Outcome outcome = run({u("resources"), plugins, place, u("--language"), u("it-IT")});
+        QCOMPARE(outcome.out, lines.join(QLatin1Char('\n')) + QLatin1Char('\n'));
+        QCOMPARE(outcome.exitCode, exitCode);
+    };
+    const QString line = u("%1 ") + id(9) + u(" Contenuto");
+    QVERIFY(QDir().mkpath(plugins));
+    check(out, 1,
+          {u("error: no plugin was loaded from ") + plugins, out + u(": nothing was done")});
+    QVERIFY(QFile::link(folder(9), plugins + QLatin1Char('/') + id(9)));
+    check(out, 0, {line.arg(u("generated")), out + u(": 1 generated")});
+    QVERIFY(QFile(out + QLatin1Char('/') + id(9) + u("/studio_properties.xml")).size() > 0);
+    QVERIFY(QDir(out).mkdir(u("a\033b")));
+    check(out, 0,
+          {line.arg(u("kept     ")), u("removed   a\\u001bb"), out + u(": 1 kept, 1 removed")});
+    QVERIFY(QFile::link(folder(4), plugins + QLatin1Char('/') + id(4)));
+    const QString file = writeFile(u("file"), {});
+    const Outcome failing = run({u("resources"), plugins, file});
+    QCOMPARE(failing.exitCode, 1);
+    QVERIFY(failing.out.contains(u("\nerror: dirPath must be a directory\n")));
+    QVERIFY(failing.out.contains(u("threw an exception: no \\u001b")));
 }
 
 void tst_Zpplugin::colours()

@@ -142,6 +142,13 @@ void tst_GraphicsObject::touchBecomesMouse()
                                u("move 0/1 2,2 1,2 102,0 101,0 203,0 202,0"),
                                u("release 1/0 3,2 2,2 103,0 102,0 204,0 203,0")};
     QCOMPARE(item->mouse, expected);
+
+    item->mouse.clear();
+    for (int i = 0; i < 2; ++i) {
+        send(item, touch(QEvent::TouchBegin, 1));
+        QVERIFY(!send(item, QTouchEvent(QEvent::TouchCancel)));
+    }
+    QCOMPARE(item->mouse.size(), 2);
 }
 
 void tst_GraphicsObject::acceptedStateFollowsTheMouseEvent()

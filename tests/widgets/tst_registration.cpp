@@ -88,6 +88,28 @@ static const struct
      "the plugin threw an exception of unknown type"},
 };
 
+// Does something before it is a widget.
+class NestingWidget : public NARV::Widget
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE explicit NestingWidget(const NARV::WidgetData &data)
+        : Widget(afterAction(data))
+    {
+    }
+
+    static inline std::function<void()> action;
+
+private:
+    static const WidgetData &afterAction(const WidgetData &data)
+    {
+        if (const auto once = std::exchange(action, nullptr))
+            once();
+        return data;
+    }
+};
+
 class tst_Registration : public GuardedTest
 {
     Q_OBJECT
@@ -98,6 +120,7 @@ private Q_SLOTS:
     void misfits();
     void signatures();
     void instancesShareTheirFields();
+    void constructorMakesAnotherInstance();
     void strayItemIsForgotten();
     void projectWidget();
     void table();
@@ -158,6 +181,24 @@ void tst_Registration::instancesShareTheirFields()
     QVERIFY(NARV::INTERNAL::WidgetPrivateAccessor::priv(other.get())->fieldsInfo.isEmpty());
 }
 
+void tst_Registration::constructorMakesAnotherInstance()
+{
+    RecordingLibrary library;
+    NARV::registerWidget(&library, gauge, version, &NestingWidget::staticMetaObject, nullptr);
+    const auto make = [&library](const char *pluginId) {
+        return std::unique_ptr<NARV::Widget>(
+            library.priv()->newWidgetInstance(gauge, version, u(pluginId), {}, nullptr));
+    };
+    std::unique_ptr<NARV::Widget> inner;
+    NestingWidget::action = [&] { inner = make("inner"); };
+    const auto outer = make("outer");
+    const auto *outerPriv = NARV::INTERNAL::WidgetPrivateAccessor::priv(outer.get());
+    const auto *innerPriv = NARV::INTERNAL::WidgetPrivateAccessor::priv(inner.get());
+    QCOMPARE(outerPriv->pluginId + innerPriv->pluginId, u("outerinner"));
+    QVERIFY(outerPriv->widgetActionManager && innerPriv->widgetActionManager &&
+            outerPriv->widgetActionManager != innerPriv->widgetActionManager);
+}
+
 void tst_Registration::strayItemIsForgotten()
 {
     GaugeFixture fixture;
@@ -194,6 +235,12 @@ void tst_Registration::table()
     };
     QVERIFY(!make("Gauge", "0.10") && !make("gauge", "0.10.0"));
     QVERIFY(make("gauge", "0.10")->version().isEmpty());
+
+    auto original = std::make_unique<NARV::WidgetLibraryPluginPrivate>(*library.priv());
+    delete original->newWidgetInstance(gauge, other, {}, {}, nullptr);
+    const NARV::WidgetLibraryPluginPrivate copy = *original;
+    original.reset();
+    QVERIFY(QScopedPointer<NARV::Widget>(copy.newWidgetInstance(gauge, other, {}, {}, nullptr)));
 }
 
 void tst_Registration::pluginInterface()

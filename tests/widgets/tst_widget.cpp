@@ -2,11 +2,11 @@
 #include "recordinglibrary.h"
 
 #include <NARV/INTERNAL/WidgetActionManagerPrivateAccessor>
+#include <NARV/LogHandler>
 
 #include <QGraphicsScene>
 #include <QSignalSpy>
 
-#include <cstring>
 #include <stdexcept>
 
 using NARV::INTERNAL::GraphicsObjectPrivateAccessor;
@@ -65,6 +65,39 @@ static const struct
     {"all at once", false, {0, 2, 1}, "w? w! 1? 1! 2?"},
 };
 
+// Who deletes the widget when a field is written, and what is heard of that.
+static const struct
+{
+    const char *name;
+    void (*arm)(GaugeFixture &);
+    const char *heard;
+} killerRows[] = {
+    {"slot of the signal",
+     [](GaugeFixture &gauge) {
+         QObject::connect(gauge.priv(), &NARV::WidgetPrivate::fieldIsChanged,
+                          [&gauge] { delete gauge.widget; });
+     },
+     ""},
+    {"widget",
+     [](GaugeFixture &gauge) {
+         gauge.widget->onEvent = [&gauge](NARV::Event *) { delete gauge.widget; };
+     },
+     "w?"},
+    {"item",
+     [](GaugeFixture &gauge) {
+         gauge.items[0]->onEvent = [&gauge](NARV::Event *) { delete gauge.widget; };
+     },
+     "w? w! 1?"},
+    {"write in an item",
+     [](GaugeFixture &gauge) {
+         gauge.items[0]->onEvent = [&gauge](NARV::Event *) {
+             gauge.widget->onEvent = [&gauge](NARV::Event *) { delete gauge.widget; };
+             gauge.items[0]->setFieldValue(level, 2);
+         };
+     },
+     "w? w! 1? w?"},
+};
+
 class tst_Widget : public GuardedTest
 {
     Q_OBJECT
@@ -84,10 +117,12 @@ private Q_SLOTS:
     void intrusiveHandlers();
     void itemMadeInHandlerIsNotServed();
     void stateChangedInHandler();
+    void widgetDeletedInHandler_data() { addRows(killerRows); }
     void widgetDeletedInHandler();
     void itemReplacedInHandler();
     void nestedDeliveries();
     void exceptionInHandler();
+    void logInHandler();
     void valuesSeenFromOutside();
     void itemOutlivesWidget();
     void eventWhileItemIsDestroyed();
@@ -247,31 +282,14 @@ void tst_Widget::stateChangedInHandler()
     QVERIFY(!GraphicsObjectPrivateAccessor::priv(gauge.items[1])->initialised);
 }
 
-// By the slot of the signal, the widget itself, its first item, and a write nested in the event.
 void tst_Widget::widgetDeletedInHandler()
 {
-    for (const char *heard : {"", "w?", "w? w! 1?", "w? w! 1? w?"}) {
-        GaugeFixture gauge(2);
-        const auto kill = [&gauge](NARV::Event * = nullptr) { delete gauge.widget; };
-        switch (std::strlen(heard)) {
-        case 0:
-            connect(gauge.priv(), &NARV::WidgetPrivate::fieldIsChanged, [kill] { kill(); });
-            break;
-        case 2:
-            gauge.widget->onEvent = kill;
-            break;
-        case 8:
-            gauge.items[0]->onEvent = kill;
-            break;
-        default:
-            gauge.items[0]->onEvent = [&gauge, kill](NARV::Event *) {
-                gauge.widget->onEvent = kill;
-                gauge.items[0]->setFieldValue(level, 2);
-            };
-        }
-        gauge.priv()->setFieldValue(level, 1, false, true);
-        QCOMPARE(gauge.heard("FieldIsChanged"), u(heard));
-    }
+    const auto &row = currentRow(killerRows);
+    GaugeFixture gauge(2);
+    row.arm(gauge);
+    gauge.priv()->setFieldValue(level, 1, false, true);
+    QVERIFY(!gauge.widget);
+    QCOMPARE(gauge.heard("FieldIsChanged"), u(row.heard));
 }
 
 // The new item may well get the place in memory of the old one.
@@ -316,6 +334,23 @@ void tst_Widget::exceptionInHandler()
         expected.append(
             {QtCriticalMsg, u("lib"), u("NARV"), u("the plugin threw an exception: ") + u(what)});
     QCOMPARE(takeLog(), expected);
+}
+
+// The log's own guard against records made while one is written is not in the way.
+void tst_Widget::logInHandler()
+{
+    GaugeFixture gauge(1);
+    gauge.host.insideDevProject = true;
+    gauge.widget->onHandler = gauge.items[0]->onHandler = [&gauge](NARV::Event *) {
+        gauge.widget->getFieldValue(none);
+        NARV::LogHandler(u("lib"), nullptr, 0, nullptr).info().debug() << 1;
+    };
+    gauge.priv()->init();
+    QStringList messages;
+    for (const LogEntry &entry : takeLog())
+        messages += entry.message;
+    const QStringList once{u("getFieldValue called with an invalid fieldId: \"none\""), u("1")};
+    QCOMPARE(messages, once + once);
 }
 
 // A copy of the values stays as it is, and so do the descriptions count that there are now.

@@ -1,5 +1,7 @@
 #include "options.h"
 #include "picture.h"
+#include "terminal/terminal.h"
+#include "terminal/text.h"
 
 #include <NARV/DEV/PluginProbe>
 #include <NARV/DEV/WidgetLibraryPluginTestWidget>
@@ -38,8 +40,10 @@ static void open(WidgetLibraryPluginTestWidget &bench, const Options &options)
 {
     if (!options.language.isEmpty())
         bench.setLanguage(options.language);
-    if (!options.scene.isEmpty())
-        bench.openScene(options.scene);
+    QString problem;
+    if (!options.scene.isEmpty() && !bench.openScene(options.scene, &problem))
+        ZPPluginTool::Terminal(stderr).print(QStringLiteral("zpplugin-bench: ") +
+                                             ZPPluginTool::printable(problem));
     if (options.isRuntime)
         bench.setRuntimeMode(*options.isRuntime);
     if (!options.plugin.isEmpty())

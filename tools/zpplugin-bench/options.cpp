@@ -20,7 +20,7 @@ touches. PLUGIN is the folder of a plugin or its library.
 With --render there is no window and no display is needed: the page is drawn into a PNG file, the
 same one bit for bit each time. Without a scene or a widget it shows one of each widget.
 
-  zpplugin-bench ~/hmi/plugins/{3f2b8c1a-5e4d-4c7a-9b0e-7a1d2c3e4f50}
+  zpplugin-bench ~/hmi/plugins/3f2b8c1a-5e4d-4c7a-9b0e-7a1d2c3e4f50
   zpplugin-bench --render boiler.png --scene boiler.json --mode runtime --at 30 build/libboiler.so
 )";
 
@@ -85,10 +85,13 @@ public:
 
 private:
     QString readValues(Options &options);
-    QString readPlugin(Options &options);
+    QString readPaths(Options &options);
 
     QCommandLineParser m_parser;
-    const QCommandLineOption m_help = m_parser.addHelpOption();
+    // The toolkit's own help option brings another one for its options, which are none of these.
+    const QCommandLineOption m_help =
+        addOption(m_parser, {{QStringLiteral("h"), QStringLiteral("help")},
+                             QStringLiteral("Show this help.")});
     const QCommandLineOption m_version = m_parser.addVersionOption();
     const QCommandLineOption m_render =
         addOption(m_parser, {QStringLiteral("render"),
@@ -145,7 +148,7 @@ QString Parser::read(const QStringList &arguments, Options &options)
     if (asksForHelp() || asksForVersion())
         return {};
     const QString problem = readValues(options);
-    return problem.isEmpty() ? readPlugin(options) : problem;
+    return problem.isEmpty() ? readPaths(options) : problem;
 }
 
 QString Parser::readValues(Options &options)
@@ -174,7 +177,7 @@ QString Parser::readValues(Options &options)
     return {};
 }
 
-QString Parser::readPlugin(Options &options)
+QString Parser::readPaths(Options &options)
 {
     const bool hasPicture = m_parser.isSet(m_render);
     for (const QCommandLineOption *option : {&m_widget, &m_size, &m_at}) {
@@ -189,8 +192,10 @@ QString Parser::readPlugin(Options &options)
     options.plugin = positional.value(0);
     if (hasPicture && (options.picture.isEmpty() || options.plugin.isEmpty()))
         return QStringLiteral("--render needs a file and a plugin.");
-    if (!options.plugin.isEmpty() && !QFileInfo::exists(options.plugin))
-        return QStringLiteral("There is no '%1'.").arg(options.plugin);
+    for (const QString &path : {options.plugin, options.scene}) {
+        if (!path.isEmpty() && !QFileInfo::exists(path))
+            return QStringLiteral("There is no '%1'.").arg(path);
+    }
     return {};
 }
 

@@ -78,9 +78,9 @@ bool Drawing::draw()
         return false;
     m_time.start(start.toMSecsSinceEpoch());
     m_bench.setStartTime(start);
+    m_bench.setRuntimeMode(m_options.isRuntime.value_or(false));
     if (!fillPage())
         return false;
-    m_bench.setRuntimeMode(m_options.isRuntime.value_or(false));
     m_bench.setTimeRunning(true);
     m_time.advance(m_options.at);
     return save();
@@ -91,7 +91,13 @@ bool Drawing::openPlugin()
     if (!m_options.language.isEmpty())
         m_bench.setLanguage(m_options.language);
     m_bench.openPlugin(m_options.plugin);
-    return m_bench.isPluginLoaded();
+    if (!m_bench.isPluginLoaded())
+        return false;
+    const QStringList languages = m_bench.languages();
+    if (!m_options.language.isEmpty() && !languages.contains(m_options.language))
+        warn(QStringLiteral("The library has no texts in %1, but in %2")
+                 .arg(m_options.language, languages.join(QStringLiteral(", "))));
+    return true;
 }
 
 bool Drawing::fillPage()

@@ -19,8 +19,8 @@ using ResourceStep = PluginLoader::ResourceStep;
 const CommandHelp resourcesHelp = {
     "resources", "DIR OUT", "Write the editor's documents for all plugins of a folder",
     R"(Loads the plugins of the plugins folder DIR and brings the folder OUT up to date, from which an
-editor shows their widgets: documents that are missing or out of date are written, folders of other
-plugins are removed, all else stays as it is. OUT is made if missing.
+editor shows their widgets: documents that are missing or out of date are written. OUT is made if
+missing and belongs to the editor alone: every folder in it that is of no known plugin is removed.
 
 All plugins are loaded into this process, as an editor does. 'zpplugin list' and 'zpplugin check'
 find the one that crashes.
@@ -44,6 +44,7 @@ public:
 
 private:
     static void takeRecord(int type, const QString &source, const QString &message, void *self);
+    void addError(const QString &message);
     void takeStep(const QString &name, ResourceStep step);
     void print(const QString &out);
     QString nameOf(const QString &id) const;
@@ -89,11 +90,14 @@ ResourcesRun::~ResourcesRun()
 
 void ResourcesRun::takeRecord(int type, const QString &, const QString &message, void *self)
 {
-    auto *run = static_cast<ResourcesRun *>(self);
-    if (type != QtCriticalMsg)
-        return;
-    const QMutexLocker lock(&run->m_mutex);
-    run->m_errors.append(message);
+    if (type == QtCriticalMsg)
+        static_cast<ResourcesRun *>(self)->addError(message);
+}
+
+void ResourcesRun::addError(const QString &message)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_errors.append(message);
 }
 
 QString ResourcesRun::nameOf(const QString &id) const
@@ -132,12 +136,13 @@ void ResourcesRun::print(const QString &out)
             parts += QStringLiteral("%1 %2").arg(QString::number(number), word);
     }
     const QMutexLocker lock(&m_mutex);
+    if (parts.isEmpty())
+        parts += m_errors.isEmpty() ? QStringLiteral("nothing to do")
+                                    : QStringLiteral("nothing was done");
     for (const QString &error : qAsConst(m_errors))
         m_terminal.print(m_terminal.styled(QStringLiteral("error:"), Style::Error) +
                          QLatin1Char(' ') + printable(error));
-    m_terminal.print(QStringLiteral("%1: %2").arg(
-        printable(out),
-        parts.isEmpty() ? QStringLiteral("nothing to do") : parts.join(QLatin1String(", "))));
+    m_terminal.print(QStringLiteral("%1: %2").arg(printable(out), parts.join(QLatin1String(", "))));
 }
 
 int ResourcesRun::run(const QString &plugins, const QString &out, const QString &language)
@@ -147,9 +152,14 @@ int ResourcesRun::run(const QString &plugins, const QString &out, const QString 
     for (const auto *plugin : m_loader.pluginData())
         m_names.insert(plugin->metaInformation()->id(),
                        plugin->metaInformation()->name().get(language, true));
-    m_loader.init();
-    ok &= m_loader.generateStudioExtraResources(
-        out, language, [this](const QString &name, ResourceStep step) { takeStep(name, step); });
+    if (!m_loader.init()) {
+        addError(QStringLiteral("no plugin was loaded from %1").arg(plugins));
+        ok = false;
+    } else {
+        ok &= m_loader.generateStudioExtraResources(
+            out, language,
+            [this](const QString &name, ResourceStep step) { takeStep(name, step); });
+    }
     print(out);
     return m_terminal.finish(ok ? Fine : HasFindings);
 }

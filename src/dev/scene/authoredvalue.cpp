@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <limits>
@@ -219,12 +220,26 @@ bool readColor(const QJsonValue &value, QVariant &out)
     return color.isValid();
 }
 
+// Utils checks for another form than the one that it writes.
+bool isFont(const QJsonObject &object)
+{
+    static const std::pair<QLatin1String, QJsonValue::Type> members[] = {
+        {QLatin1String("family"), QJsonValue::String},
+        {QLatin1String("size"), QJsonValue::Double},
+        {QLatin1String("bold"), QJsonValue::Bool},
+        {QLatin1String("style"), QJsonValue::String},
+        {QLatin1String("underline"), QJsonValue::Bool},
+    };
+    return std::all_of(std::begin(members), std::end(members), [&](const auto &member) {
+        return object.value(member.first).type() == member.second;
+    });
+}
+
 bool readFont(const QJsonValue &value, QVariant &out)
 {
-    bool ok = false;
     const QByteArray text = QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact);
-    out = Utils::fieldFontFromString(QString::fromUtf8(text), &ok);
-    return ok;
+    out = Utils::fieldFontFromString(QString::fromUtf8(text));
+    return isFont(value.toObject());
 }
 
 bool readImage(const QJsonValue &value, QVariant &out)

@@ -46,6 +46,7 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     , m_touchSimulator(std::make_unique<TouchSimulator>(*viewport()))
 {
     setAccessibleName(tr("Page"));
+    viewport()->setAccessibleName(accessibleName());
     setObjectName(QStringLiteral("page"));
     setFrameShape(NoFrame);
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |

@@ -183,6 +183,9 @@ QStringList PlacedWidget::make(const WidgetHost &host)
     if (m_description.isValid()) {
         problems = readValues();
         makeWidget();
+    } else if (host.library) {
+        problems += tr("%1: the library has no widget \"%2\" in version %3")
+                        .arg(name(), m_state.widgetId, m_state.version);
     }
     if (!m_item)
         makePlaceholder(missingReason());

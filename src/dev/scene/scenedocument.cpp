@@ -1,6 +1,7 @@
 #include "scene/scenedocument.h"
 
 #include "console/eventlog.h"
+#include "data/tagtable.h"
 #include "data/testdata.h"
 #include "scene/gesturemonitor.h"
 #include "scene/sceneactionmanager.h"
@@ -17,6 +18,7 @@
 
 namespace NARV::DEV {
 
+using FieldType = INTERNAL::WidgetLibraryPluginMetaInformation::FieldType;
 using StackedState = SceneDocument::StackedState;
 
 SceneDocument::SceneDocument(PluginSession &session, TestData &data, EventLog &events,
@@ -36,6 +38,7 @@ SceneDocument::SceneDocument(PluginSession &session, TestData &data, EventLog &e
     connect(&session, &PluginSession::aboutToUnload, this, &SceneDocument::forgetLibrary);
     connect(&session, &PluginSession::loaded, this, &SceneDocument::makeWidgets);
     connect(&data, &TestData::tagChanged, this, &SceneDocument::queueTag);
+    connect(&data.tags(), &TagTable::renamed, this, &SceneDocument::followRenamedTag);
     connect(&data, &TestData::alarmChanged, this, &SceneDocument::deliverAlarm);
     connect(&data, &TestData::modified, this, &SceneDocument::setModified);
     connect(&m_undoStack, &QUndoStack::cleanChanged, this, &SceneDocument::modifiedChanged);
@@ -253,6 +256,24 @@ void SceneDocument::bind(PlacedWidget &widget, const QString &fieldId, const QSt
     changeState(
         widget, after,
         (name.isEmpty() ? tr("Unbind %1 of %2") : tr("Bind %1 of %2")).arg(fieldId, widget.name()));
+}
+
+// A trend may have the same name.
+void SceneDocument::followRenamedTag(const QString &from, const QString &to)
+{
+    auto command =
+        std::make_unique<SceneCommand>(*this, tr("Rename the tag %1 to %2").arg(from, to));
+    for (const PlacedWidget *widget : qAsConst(m_widgets)) {
+        WidgetState after = widget->state();
+        for (const QString &fieldId : widget->state().bindings.keys(from)) {
+            if (widget->field(fieldId).type() != FieldType::Trend)
+                after.bindings[fieldId] = to;
+        }
+        if (after.bindings != widget->state().bindings)
+            command->changes.append({StackedState{widget->state()}, StackedState{after}});
+    }
+    if (!command->changes.isEmpty())
+        m_undoStack.push(command.release());
 }
 
 void SceneDocument::setGeometry(PlacedWidget &widget, const QPointF &position, const QSizeF &size,

@@ -144,6 +144,7 @@ private:
     void forgetLibrary();
     void connectWidget(PlacedWidget &widget);
     void indexBindings();
+    void followRenamedTag(const QString &from, const QString &to);
     void queueTag(const QString &name, const QVariant &value);
     void deliverAlarm(const NARV::AlarmInfo &alarm);
 

@@ -47,6 +47,8 @@ static const ActionEntry fileEntries[] = {
     {"save", TEXT("&Save page"), "Ctrl+S", [](P &d, bool) { d.saveScene(); }},
     {"save-as", TEXT("Save page &as…"), "Ctrl+Shift+S", [](P &d, bool) { d.saveSceneAs(); }},
     {"export", TEXT("Save &picture…"), "Ctrl+Shift+P", [](P &d, bool) { d.exportPicture(); }},
+    separator,
+    {"quit", TEXT("&Quit"), "Ctrl+Q", [](P &d, bool) { d.quit(); }},
 };
 
 static const ActionEntry editEntries[] = {

@@ -24,6 +24,7 @@ MessageBar::MessageBar(QWidget *parent)
     m_text->setTextFormat(Qt::PlainText);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_button->setObjectName(QStringLiteral("messageAction"));
+    m_button->setAccessibleName(tr("What is offered"));
     auto *close = new QToolButton;
     close->setText(tr("Dismiss"));
     close->setObjectName(QStringLiteral("messageDismiss"));

@@ -65,7 +65,7 @@ bool SceneKeeper::show(const Scene &scene, const QByteArray &text, QString &prob
     }
     m_document.reset(scene.page, scene.widgets);
     const auto *library = m_document.session().library();
-    if (library && library->id() != scene.pluginId)
+    if (library && !scene.pluginId.isEmpty() && library->id() != scene.pluginId)
         Q_EMIT m_document.notice(tr("The scene was made with the library %1").arg(scene.pluginId));
     return true;
 }
@@ -80,7 +80,7 @@ static bool readScene(const QString &path, QByteArray &text, Scene &scene, QStri
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        problem = file.errorString();
+        problem = QLatin1Char(' ') + file.errorString();
         return false;
     }
     text = file.read(SceneFile::mostBytes + 1);

@@ -164,6 +164,16 @@ void WidgetLibraryPluginTestWidget::setRuntimeMode(bool isRuntime)
     d_ptr->setRuntime(isRuntime);
 }
 
+QStringList WidgetLibraryPluginTestWidget::languages() const
+{
+    const auto *library = d_ptr->session.library();
+    if (!library)
+        return {QStringLiteral("en-US")};
+    QStringList codes = QStringList(library->defaultLanguage()) + library->translation();
+    codes.removeDuplicates();
+    return codes;
+}
+
 QString WidgetLibraryPluginTestWidget::language() const
 {
     return d_ptr->document.language();
@@ -176,11 +186,10 @@ void WidgetLibraryPluginTestWidget::setLanguage(const QString &languageCode)
 
 bool WidgetLibraryPluginTestWidget::openScene(const QString &path, QString *problem)
 {
-    QString reason;
-    const bool isOpen = d_ptr->keeper.open(path, problem ? *problem : reason);
-    if (isOpen)
-        d_ptr->showOutcome();
-    return isOpen;
+    const QString reason = d_ptr->openSceneFile(path);
+    if (problem)
+        *problem = reason;
+    return reason.isEmpty();
 }
 
 bool WidgetLibraryPluginTestWidget::saveScene(const QString &path, QString *problem)

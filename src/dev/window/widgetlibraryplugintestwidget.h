@@ -75,6 +75,9 @@ public:
     //! Widgets run, instead of being edited.
     bool isRuntimeMode() const;
     void setRuntimeMode(bool isRuntime);
+    //! The languages of the library's texts, its own first; one of them while no plugin is loaded.
+    QStringList languages() const;
+    //! Texts that the library does not have in it are in its own language.
     QString language() const;
     void setLanguage(const QString &languageCode);
 

@@ -21,9 +21,11 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QInputDialog>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -207,11 +209,7 @@ void Private::addLanguageActions(QMenu *menu)
 {
     connect(menu, &QMenu::aboutToShow, this, [this, menu] {
         menu->clear();
-        QStringList languages = {QStringLiteral("en-US")};
-        if (const auto *library = session.library())
-            languages = QStringList(library->defaultLanguage()) + library->translation();
-        languages.removeDuplicates();
-        for (const QString &code : qAsConst(languages)) {
+        for (const QString &code : q_ptr->languages()) {
             QAction *action = menu->addAction(code);
             action->setCheckable(true);
             action->setChecked(code == document.language());
@@ -282,12 +280,13 @@ void Private::chooseScene()
     dialog->open();
 }
 
-void Private::openSceneFile(const QString &path)
+QString Private::openSceneFile(const QString &path)
 {
     QString problem;
     if (!keeper.open(path, problem))
         messages->tell(problem);
     showOutcome();
+    return problem;
 }
 
 void Private::saveTo(const QString &path)
@@ -327,6 +326,11 @@ void Private::exportPicture()
     dialog->open();
 }
 
+void Private::quit()
+{
+    q_ptr->window()->close();
+}
+
 void Private::copy()
 {
     if (QMimeData *copied = SceneEditing::copy(document))
@@ -357,6 +361,34 @@ void Private::setRuntime(bool isRuntime)
 void Private::setFingers(int fingers)
 {
     view->touchSimulator().setFingers(fingers);
+}
+
+static QSize sizeFrom(const QString &text)
+{
+    static const int greatestSide = 16384;
+    static const QRegularExpression pattern(
+        QStringLiteral("\\A\\s*(\\d{1,5})\\s*[x\u00d7, ]\\s*(\\d{1,5})\\s*\\z"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    return size.boundedTo(QSize(greatestSide, greatestSide)) == size ? size : QSize();
+}
+
+void Private::choosePageSize()
+{
+    auto *dialog = new QInputDialog(q_ptr);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Page size"));
+    dialog->setLabelText(tr("Width × height in pixels:"));
+    const QSize size = document.page().size.toSize();
+    dialog->setTextValue(QStringLiteral("%1 × %2").arg(size.width()).arg(size.height()));
+    connect(dialog, &QInputDialog::textValueSelected, this, [this](const QString &text) {
+        const QSize chosen = sizeFrom(text);
+        if (chosen.isEmpty())
+            return messages->tell(tr("“%1” is no size such as 1280 × 800.").arg(text));
+        document.setPageSize(chosen);
+        view->zoomToFit();
+    });
+    dialog->open();
 }
 
 void Private::chooseBackground()

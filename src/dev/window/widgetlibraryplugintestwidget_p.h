@@ -49,16 +49,19 @@ public:
     void chooseLibrary();
     void newScene();
     void chooseScene();
-    void openSceneFile(const QString &path);
+    //! Returns why that failed, which is shown too; empty if it did not.
+    QString openSceneFile(const QString &path);
     void saveScene();
     void saveSceneAs();
     void exportPicture();
+    void quit();
     void copy();
     void cut();
     void paste();
     void setRuntime(bool isRuntime);
     void setTheme(Theme theme);
     void chooseBackground();
+    void choosePageSize();
     void setFingers(int fingers);
     void addLanguageActions(QMenu *menu);
     void offerUnsavedWork();

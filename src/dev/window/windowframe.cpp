@@ -178,6 +178,9 @@ void Private::addPageActions(QMenu *menu)
             view->zoomToFit();
         });
     }
+    menu->addSeparator();
+    connect(menu->addAction(tr("&Other size…")), &QAction::triggered, this,
+            &Private::choosePageSize);
 }
 
 void Private::addThemeActions(QMenu *menu)

@@ -126,7 +126,12 @@ void tst_SceneDocument::boundTagsReachTheWidget()
     m_bench->data.writeTag(u("level"), 44);
     QTRY_COMPARE(widget.fieldValue(u("value")), QVariant(44.0));
     QCOMPARE(changed.count(), 1);
-    document.undoStack().undo();
+    m_bench->data.tags().rename(0, u("height"));
+    QCOMPARE(widget.binding(u("value")), u("height"));
+    m_bench->data.writeTag(u("height"), 50);
+    QTRY_COMPARE(widget.fieldValue(u("value")), QVariant(50.0));
+    m_bench->data.tags().rename(0, u("level"));
+    document.undoStack().setIndex(document.undoStack().index() - 3); // two names and the tag
     m_bench->data.writeTag(u("level"), 55);
     document.deliverPending();
     QVERIFY(widget.fieldValue(u("value")) != QVariant(55.0));
@@ -196,8 +201,19 @@ void tst_SceneDocument::whatTheLibraryLacks()
     gauge.values.insert(u("value"), QVariant(QJsonValue(u("hot"))));
     gauge.values.insert(u("maximum"), QVariant(QJsonValue(9.5)));
     QSignalSpy notices(&m_bench->document, &SceneDocument::notice);
-    m_bench->document.reset({}, {unknown, gauge});
-    QCOMPARE(notices.count(), 2);
+    WidgetState other = gauge;
+    other.name = u("other");
+    const QJsonObject font{{u("family"), u("Roboto")},
+                           {u("size"), 20},
+                           {u("bold"), true},
+                           {u("style"), u("italic")},
+                           {u("underline"), false}};
+    other.values = {{u("valueFont"), QVariant(QJsonValue(font))}};
+    m_bench->document.reset({}, {unknown, gauge, other});
+    QCOMPARE(notices.count(), 3);
+    const QFont read =
+        m_bench->document.widget(u("other"))->fieldValue(u("valueFont")).value<QFont>();
+    QVERIFY(read.pointSize() == 20 && read.bold() && read.italic());
     const PlacedWidget &placed = *m_bench->document.widget(u("gauge"));
     QCOMPARE(placed.fieldValue(u("maximum")), QVariant(9.5));
     QCOMPARE(placed.fieldValue(u("value")), placed.defaultValue(u("value")));

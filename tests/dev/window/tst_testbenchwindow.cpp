@@ -342,7 +342,8 @@ void tst_TestBenchWindow::everythingHasANameAndAnIcon()
         const auto *button = qobject_cast<QAbstractButton *>(widget);
         const bool hasText = button && (!button->text().isEmpty() || !button->toolTip().isEmpty());
         QVERIFY2(hasText || !widget->accessibleName().isEmpty(),
-                 qPrintable(u(widget->metaObject()->className()) + u(" ") + widget->objectName()));
+                 qPrintable(u(widget->metaObject()->className()) + u(" ") + widget->objectName() +
+                            u(" in ") + u(widget->parent()->metaObject()->className())));
     }
 }
 
