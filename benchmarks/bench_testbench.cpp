@@ -322,6 +322,8 @@ static void measureEditing(TestBench &bench)
     const auto selectNone = [&bench] { bench.press(Qt::Key_Escape); };
     const auto selectAll = trigger("select-all");
     const QStringList ids = bench.widget.widgetIds();
+    measure(bench, "painting the page, which many of these do",
+            [&] { bench.view().viewport()->update(); });
     measure(bench, "place one more", [&] { bench.widget.placeWidget(ids[0], {}, {500, 500}); });
     measure(bench, "select all", selectAll, selectNone);
     measure(bench, "move all by a key", [&] { bench.press(Qt::Key_Right); });

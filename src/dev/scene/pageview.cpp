@@ -17,7 +17,6 @@
 #include <QtMath>
 
 #include <cmath>
-#include <utility>
 
 namespace NARV::DEV {
 
@@ -26,6 +25,8 @@ static const int handleSize = 8;
 static const int handleReach = 7;
 static const int rotationDistance = 24;
 static const int pageMargin = 24;
+
+static const int fewWidgets = 20;
 
 static const double smallestZoom = 0.05;
 static const double largestZoom = 16;
@@ -56,8 +57,8 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     const auto repaint = [this] { viewport()->update(); };
-    connect(&document, &SceneDocument::selectionChanged, this, &PageView::askForOverlay);
-    connect(&document, &SceneDocument::geometryChanged, this, &PageView::askForOverlay);
+    connect(&document, &SceneDocument::selectionChanged, this, &PageView::updateOverlay);
+    connect(&document, &SceneDocument::geometryChanged, this, &PageView::updateOverlay);
     connect(m_touchSimulator.get(), &TouchSimulator::fingersMoved, this, repaint);
     connect(&document, &SceneDocument::pageChanged, this, [this] {
         applyZoom(zoom());
@@ -268,29 +269,24 @@ void PageView::drawLabel(QPainter &painter) const
     painter.drawText(box, Qt::AlignCenter, m_drag->label());
 }
 
-//! What is drawn over the widgets, in scene units, without what is measured in pixels.
+//! What is drawn over the widgets, in scene units, without what is measured in pixels. Of many
+//! widgets each tells that it has moved, so they are not looked through each time.
 QRectF PageView::overlayArea() const
 {
     if (!isEditor())
         return {};
+    if (m_document.selection().size() > fewWidgets)
+        return mapToScene(viewport()->rect()).boundingRect();
     QRectF area = m_drag ? m_drag->band() : QRectF();
     for (const PlacedWidget *widget : m_document.selection())
         area |= cornersOf(widget->state()).boundingRect();
     return area | mapToScene(labelBox()).boundingRect();
 }
 
-// A thousand widgets that move are one change.
-void PageView::askForOverlay()
-{
-    if (!std::exchange(m_overlayIsDue, true))
-        QMetaObject::invokeMethod(this, &PageView::updateOverlay, Qt::QueuedConnection);
-}
-
 // The widgets beneath are painted again where something has changed, not all over the page.
 void PageView::updateOverlay()
 {
     static const int reach = rotationDistance + 2 * handleSize;
-    m_overlayIsDue = false;
     const QRectF area = overlayArea();
     for (const QRectF &changed : {m_overlayArea, area}) {
         if (!changed.isNull())

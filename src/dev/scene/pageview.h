@@ -75,7 +75,6 @@ private:
     void drawLabel(QPainter &painter) const;
     QRect labelBox() const;
     QRectF overlayArea() const;
-    void askForOverlay();
     void updateOverlay();
     void zoomBy(double factor);
     void applyZoom(double zoom);
@@ -84,7 +83,6 @@ private:
     std::unique_ptr<TouchSimulator> m_touchSimulator;
     std::unique_ptr<PageDrag> m_drag;
     QRectF m_overlayArea; //!< when it was updated last, in scene units
-    bool m_overlayIsDue = false;
     QPoint m_panStart;
     bool m_isPanning = false;
     bool m_fits = true;
