@@ -6,12 +6,15 @@
 #include <NARV/DEV/PluginProbe>
 #include <NARV/DEV/WidgetLibraryPluginTestWidget>
 #include <NARV/INTERNAL/Init>
+#include <NARV/LogHandler>
 
 #include <QApplication>
 #include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStyle>
+
+#include <exception>
 
 using NARV::DEV::WidgetLibraryPluginTestWidget;
 
@@ -50,11 +53,37 @@ static void open(WidgetLibraryPluginTestWidget &bench, const Options &options)
         bench.openPlugin(options.plugin);
 }
 
+//! Outlives what a widget throws in a slot of its own, as of a timer.
+class BenchApplication : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception &exception) {
+            report(QString::fromLocal8Bit(exception.what()));
+        } catch (...) {
+            report(QStringLiteral("an exception without words"));
+        }
+        return false;
+    }
+
+private:
+    static void report(const QString &words)
+    {
+        NARV::LogHandler({}, __FILE__, __LINE__, __func__, "TESTAPP").critical().debug().noquote()
+            << "The library threw in an event of its own:" << words;
+    }
+};
+
 static int showWindow(const Options &options, int &argc, char **argv)
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication app(argc, argv);
+    BenchApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("ZPPluginLibrary"));
     QCoreApplication::setApplicationName(QStringLiteral("zpplugin-bench"));
     QSettings settings;
