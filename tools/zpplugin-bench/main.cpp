@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStyle>
@@ -53,6 +54,8 @@ static void open(WidgetLibraryPluginTestWidget &bench, const Options &options)
         bench.openPlugin(options.plugin);
 }
 
+static const int smallScreen = 1500; // pixels
+
 //! Outlives what a widget throws in a slot of its own, as of a timer.
 class BenchApplication : public QApplication
 {
@@ -90,7 +93,10 @@ static int showWindow(const Options &options, int &argc, char **argv)
     const QDir data(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
     NARV::INTERNAL::narvInit(QApplication::style()->standardIcon(QStyle::SP_FileIcon));
     WidgetLibraryPluginTestWidget bench;
-    bench.resize(1280, 800);
+    const QSize room = QGuiApplication::primaryScreen()->availableSize();
+    bench.resize(room * 0.85);
+    if (room.width() < smallScreen)
+        bench.setWindowState(Qt::WindowMaximized);
     bench.setProbeCommand(QCoreApplication::applicationFilePath(), {});
     bench.showLog();
     bench.setSettings(&settings, data.filePath(QStringLiteral("unsaved")));

@@ -2,7 +2,11 @@
 
 #include "scene/handlegeometry.h"
 
+#include <QLineF>
+
 #include <algorithm>
+#include <functional>
+#include <limits>
 
 namespace NARV::DEV {
 
@@ -49,6 +53,33 @@ QList<WidgetState> inRows(QList<WidgetState> states, double width, QSizeF &room)
         room = room.expandedTo(QSizeF(next.x(), next.y() + state.size.height() + gap));
     }
     return states;
+}
+
+QPointF freeCentre(const QList<QRectF> &taken, const QSizeF &size, const QRectF &room,
+                   const QPointF &preferred)
+{
+    static const double step = 16;
+    QRectF place(QPointF(), size);
+    const auto isFree = [&taken, &place] {
+        return std::none_of(taken.begin(), taken.end(),
+                            [&place](const QRectF &other) { return other.intersects(place); });
+    };
+    place.moveCenter(preferred);
+    if (isFree())
+        return preferred;
+    QPointF best = preferred;
+    double least = std::numeric_limits<double>::max();
+    for (double y = room.top() + step; y + size.height() <= room.bottom(); y += step) {
+        for (double x = room.left() + step; x + size.width() <= room.right(); x += step) {
+            place.moveTopLeft({x, y});
+            const double distance = QLineF(place.center(), preferred).length();
+            if (distance < least && isFree()) {
+                least = distance;
+                best = place.center();
+            }
+        }
+    }
+    return best;
 }
 
 //! Moves each of them one place up, past one that stays.

@@ -19,6 +19,11 @@ ZPPLUGIN_DEV_EXPORT QList<WidgetState> aligned(QList<WidgetState> states,
 ZPPLUGIN_DEV_EXPORT QList<WidgetState> inRows(QList<WidgetState> states, double width,
                                               QSizeF &room);
 
+//! The centre, nearest to the preferred one, for something of that size in the room that covers
+//! nothing of what is taken; the preferred one if there is none.
+ZPPLUGIN_DEV_EXPORT QPointF freeCentre(const QList<QRectF> &taken, const QSizeF &size,
+                                       const QRectF &room, const QPointF &preferred);
+
 //! Where in the stacking order widgets go.
 enum class Stacking
 {

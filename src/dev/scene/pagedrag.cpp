@@ -57,8 +57,10 @@ QPointF MoveDrag::offset(const QPointF &position, Qt::KeyboardModifiers modifier
     const QPointF by = GeometryDrag::offset(position, modifiers);
     const bool isAlongX = std::abs(by.x()) >= std::abs(by.y());
     const bool keepsAxis = modifiers & Qt::ShiftModifier;
-    return {keepsAxis && !isAlongX ? 0 : std::round(by.x()),
-            keepsAxis && isAlongX ? 0 : std::round(by.y())};
+    // To a whole position, so that lines stay sharp.
+    const QPointF from = states().first().position;
+    const QPointF whole = QPointF((from + by).toPoint()) - from;
+    return {keepsAxis && !isAlongX ? 0 : whole.x(), keepsAxis && isAlongX ? 0 : whole.y()};
 }
 
 WidgetState MoveDrag::dragged(const WidgetState &state, const QPointF &offset, const QPointF &,
@@ -71,7 +73,7 @@ WidgetState MoveDrag::dragged(const WidgetState &state, const QPointF &offset, c
 
 QString MoveDrag::labelFor(const WidgetState &state) const
 {
-    return QStringLiteral("%1, %2").arg(state.position.x()).arg(state.position.y());
+    return QStringLiteral("%1, %2").arg(qRound(state.position.x())).arg(qRound(state.position.y()));
 }
 
 QString MoveDrag::stepText() const

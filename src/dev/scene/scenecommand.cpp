@@ -41,6 +41,19 @@ void SceneCommand::apply(const QVector<Step> &steps)
         apply(step);
     if (isRestacked)
         m_document.restack();
+    selectNew(steps);
+}
+
+// What has come back can be seen at once, and taken away again.
+void SceneCommand::selectNew(const QVector<Step> &steps)
+{
+    QList<PlacedWidget *> widgets;
+    for (const Step &step : steps) {
+        if (!step.before)
+            widgets += m_document.widget(step.after->state.name);
+    }
+    if (!widgets.isEmpty())
+        m_document.select(widgets);
 }
 
 // Widgets are taken out from the highest to the lowest and put back the other way round, so that

@@ -41,6 +41,7 @@ private:
     using Step = Change;
 
     void apply(const QVector<Step> &steps);
+    void selectNew(const QVector<Step> &steps);
     void apply(const Step &step);
 
     SceneDocument &m_document;

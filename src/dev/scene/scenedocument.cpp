@@ -169,7 +169,8 @@ PlacedWidget *SceneDocument::place(const QString &widgetId, const QString &versi
     if (!description.isValid())
         return nullptr;
     WidgetState state = WidgetState::of(description);
-    state.position = centre - QPointF(state.size.width() / 2, state.size.height() / 2);
+    const QPointF corner = centre - QPointF(state.size.width() / 2, state.size.height() / 2);
+    state.position = corner.toPoint(); // so that lines are sharp
     add({state}, {}, tr("Place %1").arg(widgetId));
     return currentWidget();
 }

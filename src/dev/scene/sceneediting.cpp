@@ -70,6 +70,20 @@ bool paste(SceneDocument &document, const QMimeData &data, QString &problem)
     return true;
 }
 
+PlacedWidget *placeFree(SceneDocument &document, const QString &widgetId, const QString &version,
+                        const QPointF &centre)
+{
+    const auto *library = document.session().library();
+    if (!library)
+        return nullptr;
+    const QSizeF size = WidgetState::of(library->widgets().value({widgetId, version})).size;
+    QList<QRectF> taken;
+    for (const PlacedWidget *widget : document.widgets())
+        taken += cornersOf(widget->state()).boundingRect();
+    const QRectF page(QPointF(), document.page().size);
+    return document.place(widgetId, version, freeCentre(taken, size, page, centre));
+}
+
 //! Where the lowest widget ends; 0 for an empty page.
 static double usedHeight(const SceneDocument &document)
 {

@@ -66,6 +66,7 @@ static const ActionEntry editEntries[] = {
      ActionEntry::Selection},
     {"select-all", TEXT("Select &all"), "Ctrl+A",
      [](P &d, bool) { SceneEditing::selectAll(d.document); }, ActionEntry::Page},
+    {"filter", TEXT("Find &field"), "Ctrl+F", [](P &d, bool) { d.findField(); }},
 };
 
 static const ActionEntry arrangeEntries[] = {

@@ -58,6 +58,15 @@ void MessageBar::offer(const QString &text, const QString &buttonText,
     showAll();
 }
 
+void MessageBar::dismissMessages()
+{
+    m_messages.clear();
+    if (m_offer.isEmpty())
+        dismiss();
+    else
+        showAll();
+}
+
 void MessageBar::showAll()
 {
     QStringList shown = m_messages.mid(0, shownMessages);

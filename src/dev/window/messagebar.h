@@ -23,6 +23,8 @@ public:
     //! Asks: the button does what is offered, and closing refuses it.
     void offer(const QString &text, const QString &buttonText, const std::function<void()> &action);
     void dismiss();
+    //! The messages are no longer true; an offer stays.
+    void dismissMessages();
 
 private:
     void showAll();

@@ -9,13 +9,18 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QSaveFile>
 #include <QUuid>
+
+#include <utility>
 
 namespace NARV::DEV {
 
 static const int keepInterval = 5000; // ms
 static const QLatin1String unsavedSuffix(".unsaved");
 static const QLatin1String lockSuffix(".lock");
+static const QLatin1String pathSuffix(".path");
+static const int longestPath = 4096; // bytes
 
 SceneKeeper::SceneKeeper(SceneDocument &document, QObject *parent)
     : QObject(parent)
@@ -70,10 +75,28 @@ bool SceneKeeper::show(const Scene &scene, const QByteArray &text, QString &prob
     return true;
 }
 
+std::optional<SceneKeeper::Replaced> SceneKeeper::unsavedWork() const
+{
+    if (!m_document.isModified())
+        return {};
+    return Replaced{scene(), m_path};
+}
+
 void SceneKeeper::clear()
 {
+    m_replaced = unsavedWork();
     m_document.reset({}, {});
     setPath({});
+}
+
+void SceneKeeper::takeBack()
+{
+    const std::optional<Replaced> work = std::exchange(m_replaced, {});
+    QString problem;
+    if (!work || !show(work->scene, {}, problem))
+        return;
+    m_document.setModified();
+    setPath(work->path);
 }
 
 static bool readScene(const QString &path, QByteArray &text, Scene &scene, QString &problem)
@@ -91,6 +114,7 @@ bool SceneKeeper::open(const QString &path, QString &problem)
 {
     QByteArray text;
     Scene scene;
+    const std::optional<Replaced> work = unsavedWork();
     bool isOpen = readScene(path, text, scene, problem);
     if (isOpen) {
         m_document.testData().setBaseFolder(QFileInfo(path).absolutePath());
@@ -101,6 +125,7 @@ bool SceneKeeper::open(const QString &path, QString &problem)
         problem = path + QLatin1Char(':') + problem;
         return false;
     }
+    m_replaced = work;
     setPath(path);
     return true;
 }
@@ -125,6 +150,18 @@ void SceneKeeper::keepUnsavedIn(const QString &folder)
     m_lock = std::make_unique<QLockFile>(m_unsavedFile + lockSuffix);
     m_lock->setStaleLockTime(0);
     m_lock->tryLock();
+    removeStaleLocks();
+}
+
+//! Of programs that crashed without unsaved work.
+void SceneKeeper::removeStaleLocks() const
+{
+    const QDir folder(m_folder);
+    for (const QString &name : folder.entryList({QLatin1Char('*') + lockSuffix}, QDir::Files)) {
+        QLockFile lock(folder.filePath(name));
+        lock.setStaleLockTime(0);
+        lock.tryLock(); // removes it when it goes
+    }
 }
 
 QString SceneKeeper::findUnsaved() const
@@ -148,9 +185,8 @@ bool SceneKeeper::recover(const QString &unsavedFile, QString &problem)
     Scene scene;
     if (!readScene(unsavedFile, text, scene, problem) || !show(scene, text, problem))
         return false;
-    setPath({});
     m_document.setModified();
-    keepUnsaved();
+    setPath(pathOf(unsavedFile));
     discard(unsavedFile);
     return true;
 }
@@ -158,6 +194,23 @@ bool SceneKeeper::recover(const QString &unsavedFile, QString &problem)
 void SceneKeeper::discard(const QString &unsavedFile)
 {
     QFile::remove(unsavedFile);
+    QFile::remove(unsavedFile + pathSuffix);
+}
+
+QString SceneKeeper::pathOf(const QString &unsavedFile)
+{
+    QFile file(unsavedFile + pathSuffix);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.read(longestPath)) : QString();
+}
+
+bool SceneKeeper::keepPath(QString &problem) const
+{
+    QSaveFile file(m_unsavedFile + pathSuffix);
+    const QByteArray path = m_path.toUtf8();
+    if (file.open(QIODevice::WriteOnly) && file.write(path) == path.size() && file.commit())
+        return true;
+    problem = file.errorString();
+    return false;
 }
 
 void SceneKeeper::keepUnsaved()
@@ -166,8 +219,8 @@ void SceneKeeper::keepUnsaved()
         return;
     QString problem;
     if (!m_document.isModified())
-        QFile::remove(m_unsavedFile);
-    else if (!SceneFile::save(m_unsavedFile, scene(), problem))
+        discard(m_unsavedFile);
+    else if (!SceneFile::save(m_unsavedFile, scene(), problem) || !keepPath(problem))
         Q_EMIT m_document.notice(tr("Unsaved work cannot be kept: %1").arg(problem));
 }
 

@@ -1,16 +1,18 @@
 #pragma once
 
+#include "scene/scenefile.h"
+
 #include <QObject>
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 class QLockFile;
 
 namespace NARV::DEV {
 
 class SceneDocument;
-struct Scene;
 
 //! The file of the page: opens and saves it, and keeps unsaved work in a file of its own, so that a
 //! crash or the end of the program loses nothing.
@@ -27,6 +29,10 @@ public:
 
     //! An empty page without a file.
     void clear();
+    //! Whether clear() or open() has last replaced work that was not saved.
+    bool canTakeBack() const { return m_replaced.has_value(); }
+    //! Brings that work back, in place of the page.
+    void takeBack();
     //! Both: false with a reason that names the place, and nothing changed.
     bool open(const QString &path, QString &problem);
     bool save(const QString &path, QString &problem);
@@ -35,6 +41,8 @@ public:
     void keepUnsavedIn(const QString &folder);
     //! Work that a program which is gone has left unsaved; empty for none.
     QString findUnsaved() const;
+    //! The file of the page that this work is of; empty for a new page.
+    static QString pathOf(const QString &unsavedFile);
     //! Opens that work as unsaved work of the page's own file, or of none.
     bool recover(const QString &unsavedFile, QString &problem);
     void discard(const QString &unsavedFile);
@@ -48,9 +56,20 @@ private:
     Scene scene() const;
     bool show(const Scene &scene, const QByteArray &text, QString &problem);
     void setPath(const QString &path);
+    bool keepPath(QString &problem) const;
+    void removeStaleLocks() const;
+
+    struct Replaced
+    {
+        Scene scene;
+        QString path;
+    };
+
+    std::optional<Replaced> unsavedWork() const;
 
     SceneDocument &m_document;
     QString m_path;
+    std::optional<Replaced> m_replaced;
     QString m_folder;
     QString m_unsavedFile;
     std::unique_ptr<QLockFile> m_lock;

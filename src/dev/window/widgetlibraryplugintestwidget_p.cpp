@@ -17,11 +17,14 @@
 
 #include <QClipboard>
 #include <QColorDialog>
+#include <QDateTime>
 #include <QDir>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QInputDialog>
+#include <QLocale>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMimeData>
@@ -130,10 +133,10 @@ void Private::updateActions()
     }
     const QUndoStack &undo = document.undoStack();
     QAction *undoAction = actions[QStringLiteral("undo")];
-    undoAction->setEnabled(isEditor && undo.canUndo());
+    undoAction->setEnabled(undo.canUndo());
     undoAction->setText(tr("&Undo %1").arg(undo.undoText()));
     QAction *redoAction = actions[QStringLiteral("redo")];
-    redoAction->setEnabled(isEditor && undo.canRedo());
+    redoAction->setEnabled(undo.canRedo());
     redoAction->setText(tr("&Redo %1").arg(undo.redoText()));
     actions[QStringLiteral("runtime-mode")]->setChecked(!isEditor);
     actions[QStringLiteral("checker")]->setChecked(document.page().checkerboard);
@@ -164,6 +167,7 @@ void Private::showOutcome()
 void Private::showFailure(const LoadFailure &reason)
 {
     failure->setFailure(reason);
+    showTitle();
     pages->setCurrentWidget(failurePage);
     updateActions();
     QStringList lines = QStringList(reason.title) + reason.words;
@@ -237,10 +241,17 @@ void Private::placeInView(const QString &widgetId, const QString &version)
 {
     setRuntime(false);
     const QPointF centre = view->mapToScene(view->viewport()->rect().center());
-    // Beside the last one, not on top of it.
-    const QPointF shift = (document.widgets().size() % 8) * QPointF(20, 20);
-    if (document.place(widgetId, version, centre + shift))
+    if (SceneEditing::placeFree(document, widgetId, version, centre))
         showOutcome();
+}
+
+void Private::findField()
+{
+    if (auto *dock = frame->findChild<QDockWidget *>(QStringLiteral("properties"))) {
+        dock->show();
+        dock->raise();
+    }
+    properties->search();
 }
 
 void Private::showContextMenu(const QPoint &position)
@@ -265,6 +276,19 @@ void Private::newScene()
     data.loadDefaults();
     document.setUnmodified();
     showOutcome();
+    view->zoomToFit();
+    offerToTakeBack();
+}
+
+void Private::offerToTakeBack()
+{
+    messages->dismissMessages();
+    if (keeper.canTakeBack())
+        messages->offer(tr("The page that was here before was not saved."), tr("Take it back"),
+                        [this] {
+                            keeper.takeBack();
+                            showOutcome();
+                        });
 }
 
 static const QString sceneFilter()
@@ -283,7 +307,9 @@ void Private::chooseScene()
 QString Private::openSceneFile(const QString &path)
 {
     QString problem;
-    if (!keeper.open(path, problem))
+    if (keeper.open(path, problem))
+        offerToTakeBack();
+    else
         messages->tell(problem);
     showOutcome();
     return problem;
@@ -461,8 +487,12 @@ void Private::offerUnsavedWork()
     const QString unsaved = keeper.findUnsaved();
     if (unsaved.isEmpty())
         return;
-    messages->offer(tr("There is unsaved work of an earlier session."), tr("Open it"),
-                    [this, unsaved] {
+    const QString page = QFileInfo(SceneKeeper::pathOf(unsaved)).fileName();
+    const QString time =
+        QLocale().toString(QFileInfo(unsaved).lastModified(), QLocale::ShortFormat);
+    messages->offer(page.isEmpty() ? tr("There is unsaved work of %1.").arg(time)
+                                   : tr("There is unsaved work on %1 of %2.").arg(page, time),
+                    tr("Open it"), [this, unsaved] {
                         QString problem;
                         if (!keeper.recover(unsaved, problem))
                             messages->tell(problem);

@@ -67,6 +67,8 @@ public:
     void offerUnsavedWork();
     void useSettings();
     void saveLayout();
+    void offerToTakeBack();
+    void findField();
     void showOutcome();
 
     WidgetLibraryPluginTestWidget *q_ptr;
@@ -89,6 +91,7 @@ public:
     PalettePanel *palette = nullptr;
     RecentPlugins *recent = nullptr;
     QHash<QString, QAction *> actions;
+    QByteArray firstLayout; //!< of the panels
     Theme theme = Theme::System;
     bool hasBeenShown = false;
 
@@ -101,6 +104,7 @@ private:
     void connectParts();
     QDockWidget *addDock(const QString &name, const QString &title, QWidget *content,
                          Qt::DockWidgetArea area);
+    void addGoTo(QDockWidget *dock);
     void addAction(QMenu *menu, const ActionEntry &entry);
     void addPageActions(QMenu *menu);
     void addThemeActions(QMenu *menu);

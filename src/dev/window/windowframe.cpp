@@ -26,6 +26,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
@@ -78,7 +79,30 @@ QDockWidget *Private::addDock(const QString &name, const QString &title, QWidget
     QAction *toggle = dock->toggleViewAction();
     toggle->setIcon(benchIcon(name));
     actions[QStringLiteral("docks")]->menu()->addAction(toggle);
+    addGoTo(dock);
     return dock;
+}
+
+static QWidget *firstControl(QWidget *panel)
+{
+    for (QWidget *control : panel->findChildren<QWidget *>()) {
+        if ((control->focusPolicy() & Qt::TabFocus) && control->isVisibleTo(panel))
+            return control;
+    }
+    return panel;
+}
+
+//! Alt and the number of the panel lead to it.
+void Private::addGoTo(QDockWidget *dock)
+{
+    const int number = frame->findChildren<QDockWidget *>().size();
+    auto *shortcut = new QShortcut(QKeySequence(Qt::ALT + Qt::Key_0 + number), frame);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, dock, [dock] {
+        dock->show();
+        dock->raise();
+        firstControl(dock->widget())->setFocus(Qt::ShortcutFocusReason);
+    });
 }
 
 void Private::buildDocks()
@@ -105,6 +129,11 @@ void Private::buildDocks()
                         frame->findChild<QDockWidget *>(QStringLiteral("properties"))},
                        {240, 340}, Qt::Horizontal);
     frame->resizeDocks({tags}, {230}, Qt::Vertical);
+    firstLayout = frame->saveState();
+    QMenu *menu = actions[QStringLiteral("docks")]->menu();
+    menu->addSeparator();
+    connect(menu->addAction(tr("&Back to their places")), &QAction::triggered, this,
+            [this] { frame->restoreState(firstLayout); });
 }
 
 void Private::buildMenus()

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void rotation_data();
     void rotation();
     void alignment();
+    void rowsAndFreePlaces();
     void stacking_data();
     void stacking();
     void fingers();
@@ -111,6 +112,23 @@ void tst_PageGeometry::alignment()
     QCOMPARE(positions(Qt::AlignRight), QList<QPointF>({{190, 0}, {200, 50}}));
     QCOMPARE(positions(Qt::AlignTop), QList<QPointF>({{0, 0}, {200, -40}}));
     QCOMPARE(positions(Qt::AlignVCenter), QList<QPointF>({{0, 20}, {200, 5}}));
+}
+
+void tst_PageGeometry::rowsAndFreePlaces()
+{
+    QSizeF room;
+    const WidgetState one = widget({0, 0, 100, 40});
+    const QList<WidgetState> states = inRows({one, one, one}, 300, room);
+    QCOMPARE(states[1].position, QPointF(132, 16));
+    QCOMPARE(states[2].position, QPointF(16, 72));
+    QCOMPARE(room, QSizeF(248, 128));
+    const QRectF page(0, 0, 300, 128);
+    QList<QRectF> taken;
+    for (const WidgetState &state : states)
+        taken += QRectF(state.position, state.size);
+    QCOMPARE(freeCentre({}, {100, 40}, page, {150, 60}), QPointF(150, 60));
+    QCOMPARE(freeCentre(taken, {100, 40}, page, {60, 90}), QPointF(178, 84));
+    QCOMPARE(freeCentre(taken, {200, 90}, page, {60, 90}), QPointF(60, 90)); // no room
 }
 
 static const struct

@@ -238,6 +238,7 @@ void tst_SceneDocument::removedWidgetsComeBackInPlace()
     QCOMPARE(names(), QStringList({u("gauge 3"), u("gauge 5")}));
     document.undoStack().undo();
     QCOMPARE(names(), before);
+    QCOMPARE(document.selection().size(), 3);
     document.select({document.widgets()[1]});
     SceneEditing::restack(document, Stacking::ToTop);
     QCOMPARE(names().last(), u("gauge 2"));

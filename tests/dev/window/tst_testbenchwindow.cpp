@@ -28,6 +28,7 @@
 #include <QToolButton>
 #include <QTreeView>
 
+#include <functional>
 #include <memory>
 
 using namespace NARV::DEV;
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void failedLoad();
     void reloadKeepsThePage();
     void unsavedWorkIsOfferedAgain();
+    void replacedWorkIsOfferedAgain();
     void remembersTheWindow();
     void everythingHasANameAndAnIcon();
 
@@ -295,10 +297,43 @@ void tst_TestBenchWindow::unsavedWorkIsOfferedAgain()
     QVERIFY(offer.isVisible());
     QTest::mouseClick(&offer, Qt::LeftButton);
     QCOMPARE(m_bench->widgetNames(), QStringList(u("lamp")));
-    QVERIFY(m_bench->saveScene(m_folder->filePath(u("page.json"))));
+    const QString page = m_folder->filePath(u("page.json"));
+    QVERIFY(m_bench->saveScene(page));
+    QVERIFY(!m_bench->isWindowModified());
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    m_bench->placeWidget(u("lamp"), {}, {300, 300}); // lost without these files
+    m_bench->close();
+    openBench();
+    QTest::mouseClick(&part<QToolButton>("messageAction"), Qt::LeftButton);
+    QCOMPARE(m_bench->widgetNames().size(), 2);
+    action("save").trigger(); // into its own file again
     QVERIFY(!m_bench->isWindowModified());
     openBench();
     QVERIFY(!part<QToolButton>("messageAction").isVisible());
+    QVERIFY(m_bench->openScene(page));
+    QCOMPARE(m_bench->widgetNames().size(), 2);
+}
+
+// Neither a new page nor another one throws away what was not saved.
+void tst_TestBenchWindow::replacedWorkIsOfferedAgain()
+{
+    const QString page = m_folder->filePath(u("page.json"));
+    QVERIFY(m_bench->saveScene(page));
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    const auto &offer = part<QToolButton>("messageAction");
+    const auto replaceAndTakeBack = [&](const std::function<void()> &replacePage) {
+        m_bench->placeWidget(u("lamp"), {}, {100, 100});
+        const QStringList names = m_bench->widgetNames();
+        replacePage();
+        QCOMPARE(m_bench->widgetNames(), QStringList());
+        QVERIFY(offer.isVisible());
+        QTest::mouseClick(part<QWidget>("messageBar").findChild<QToolButton *>(u("messageAction")),
+                          Qt::LeftButton);
+        QCOMPARE(m_bench->widgetNames(), names);
+        QVERIFY(m_bench->isWindowModified() && !offer.isVisible());
+    };
+    replaceAndTakeBack([this] { action("new").trigger(); });
+    replaceAndTakeBack([&] { QVERIFY(m_bench->openScene(page)); });
 }
 
 void tst_TestBenchWindow::remembersTheWindow()
