@@ -148,8 +148,9 @@ void tst_PluginLoader::loadsAndNotifies()
         QVERIFY(loader.loadFromDir(m_dir->path(), {}));
         const LogEntry loaded{QtInfoMsg, idA, loading,
                               u("Plugin ") + idA + u(" (v1.2.3) loaded, author A%1%2")};
-        const QList<LogEntry> log = takeLog(); // the roots were made, and
+        const QList<LogEntry> log = takeLog(); // all roots were made, and then
         QCOMPARE(log.size(), 4);
+        QVERIFY(log[0].category == u("FIXTURE") && log[1].category == u("FIXTURE"));
         QCOMPARE(log.count(loaded), 1);
         QCOMPARE(loader.pluginData().keys(), (QStringList{idA, idB}));
         QVERIFY(!loader.pluginDataByPluginId(u("absent")));
