@@ -12,6 +12,8 @@ namespace NARV::INTERNAL {
 
 static const QLatin1String interfaceIdKey("IID");
 static const QLatin1String interfaceId("org.Mirt.NARV.WidgetLibrary");
+static const QLatin1String metaDataKey("MetaData");
+static const QLatin1String idKey("id");
 static constexpr double millisecondsPerNanosecond = 0.000001;
 
 PluginLibrary::PluginLibrary(const QString &path, const QString &expectedId)
@@ -64,6 +66,11 @@ QString PluginLibrary::makeInstance()
         return error.isNull() ? m_loader->errorString() : error;
     m_instance = qobject_cast<NARV::WidgetLibraryPlugin *>(root);
     return m_instance ? QString() : QStringLiteral("invalid interface");
+}
+
+bool PluginLibrary::hasExpectedId() const
+{
+    return m_metaData.value(metaDataKey).toObject().value(idKey).toString() == m_expectedId;
 }
 
 QString PluginLibrary::describe()

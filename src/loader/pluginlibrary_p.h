@@ -29,6 +29,9 @@ public:
     //! Loads the library and makes its root object. The text says why that is not possible; null if
     //! it is.
     QString load();
+    //! What has been loaded says that it has the id expected. Whether that is valid, describe()
+    //! tells.
+    bool hasExpectedId() const;
     //! Reads the description of the library that has been loaded. The text says what is wrong with
     //! it; null if nothing is.
     QString describe();

@@ -104,10 +104,12 @@ bool PluginLoader::loadFromDir(const QString &dirPath, const QStringList &disabl
         folders.next();
         if (isDisabled(folders.fileInfo(), disabledPluginIds))
             continue;
-        if (auto library = loadFolder(folders.fileInfo()))
+        auto library = loadFolder(folders.fileInfo());
+        // What lies in a foreign folder is refused before its translations get in another's way.
+        if (library && library->hasExpectedId())
             libraries.push_back(std::move(library));
         else
-            result = false;
+            result &= keep(std::move(library));
     }
     for (auto &library : libraries)
         result &= keep(std::move(library));
