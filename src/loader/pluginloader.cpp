@@ -3,25 +3,22 @@
 #include "core/currentexception_p.h"
 #include "core/uuidtext_p.h"
 #include "loader/platform.h"
+#include "loader/pluginlibrary_p.h"
 #include "loader/widgetlibraryplugindata.h"
 
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
-#include <NARV/INTERNAL/WidgetLibraryPluginUtils>
 #include <NARV/LogHandler>
 #include <NARV/WidgetLibraryPlugin>
 
 #include <QDir>
 #include <QDirIterator>
-#include <QElapsedTimer>
-#include <QPluginLoader>
+
+#include <vector>
 
 namespace NARV::INTERNAL {
 
 static constexpr char generalCategory[] = "GENERAL";
 static constexpr char loadingCategory[] = "PLUGIN_LOADING";
-static const QLatin1String interfaceIdKey("IID");
-static const QLatin1String interfaceId("org.Mirt.NARV.WidgetLibrary");
-static constexpr double millisecondsPerNanosecond = 0.000001;
 
 class PluginLoaderPrivate
 {
@@ -38,73 +35,20 @@ static void log(Level level, const char *category, const QString &source, const 
     (handler.*level)().debug().noquote() << message;
 }
 
-//! Reports why a library is not loaded; always false.
-static bool refuse(const QString &message)
+//! Reports why a plugin is not loaded; always false.
+static bool refuse(const QString &message, const QString &source = {})
 {
-    log(&LogHandler::critical, loadingCategory, {}, message);
+    log(&LogHandler::critical, loadingCategory, source, message);
     return false;
 }
 
-//! Runs plugin code, which may throw what it likes. The text says what was thrown; null if nothing.
-template<typename Code>
-static QString exceptionOf(Code code)
+//! Carries out one step of loading a library and reports what went wrong.
+static bool carryOut(QString (PluginLibrary::*step)(), PluginLibrary &library)
 {
-    try {
-        code();
-    } catch (...) {
-        return currentExceptionText();
-    }
-    return {};
+    const QString error = (library.*step)();
+    return error.isNull() ||
+           refuse(QStringLiteral("Error loading the plugin %1: %2").arg(library.path(), error));
 }
-
-namespace {
-
-//! A library on its way in. Unless somebody takes it, it is unloaded and unmapped in the end.
-class Library
-{
-public:
-    explicit Library(const QString &path)
-        : m_loader(new QPluginLoader(path))
-    {
-    }
-    Library(const Library &) = delete;
-    Library &operator=(const Library &) = delete;
-    ~Library()
-    {
-        // Also when it does not count as loaded: one without a root object is mapped all the same.
-        if (m_loader)
-            m_loader->unload();
-    }
-
-    QJsonObject metaData() const { return m_loader->metaData(); }
-    QPluginLoader *take() { return m_loader.release(); }
-
-    //! Loads the library and returns its root object; null, and why in error, if that fails.
-    QObject *instance(QString &error);
-
-private:
-    std::unique_ptr<QPluginLoader> m_loader;
-};
-
-QObject *Library::instance(QString &error)
-{
-    // By default a library stays mapped for good.
-    m_loader->setLoadHints({});
-    QObject *root = nullptr;
-    // load() counts this loader as a user of the library, which instance() does not do when
-    // another loader has it loaded already.
-    error = exceptionOf([&] {
-        if (m_loader->load())
-            root = m_loader->instance();
-    });
-    if (root && m_loader->isLoaded())
-        return root;
-    if (error.isNull())
-        error = m_loader->errorString();
-    return nullptr;
-}
-
-} // namespace
 
 PluginLoader::PluginLoader()
     : d(new PluginLoaderPrivate)
@@ -135,91 +79,93 @@ bool PluginLoader::canLoadFrom(const QString &dirPath) const
     return false;
 }
 
+//! Says so in the log when the user has disabled the plugin of that folder.
+static bool isDisabled(const QFileInfo &folder, const QStringList &disabledPluginIds)
+{
+    const QString id = folder.fileName();
+    if (!isUuidText(id) || !disabledPluginIds.contains(id))
+        return false;
+    log(&LogHandler::info, loadingCategory, id,
+        QStringLiteral("The plugin with the id %1 (%2) will not be loaded (disabled by user)")
+            .arg(id, folder.absoluteFilePath()));
+    return true;
+}
+
+// All libraries first, then all descriptions: by turns, the code and data of either would push
+// those of the other out of the processor's caches.
 bool PluginLoader::loadFromDir(const QString &dirPath, const QStringList &disabledPluginIds)
 {
     if (!canLoadFrom(dirPath))
         return false;
     bool result = true;
+    std::vector<std::unique_ptr<PluginLibrary>> libraries;
     QDirIterator folders(dirPath, QDir::Dirs | QDir::NoDotAndDotDot);
     while (folders.hasNext()) {
         folders.next();
-        result &= loadFolder(folders.fileInfo(), disabledPluginIds);
+        if (isDisabled(folders.fileInfo(), disabledPluginIds))
+            continue;
+        auto library = loadFolder(folders.fileInfo());
+        // What lies in a foreign folder is refused before its translations get in another's way.
+        if (library && library->hasExpectedId())
+            libraries.push_back(std::move(library));
+        else
+            result &= keep(std::move(library));
     }
+    for (auto &library : libraries)
+        result &= keep(std::move(library));
     return result;
 }
 
 bool PluginLoader::loadFromPluginDir(const QString &dirPath)
 {
     // The name of a path such as "." or one that ends in a separator is that of the folder.
-    return canLoadFrom(dirPath) && loadFolder(QFileInfo(QDir(dirPath).absolutePath()), {});
-}
-
-bool PluginLoader::loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds)
-{
-    const QString path = folder.absoluteFilePath();
-    const QString id = folder.fileName();
-    if (!isUuidText(id))
-        return refuse(QStringLiteral("The name of the folder %1 is not a valid UUID").arg(path));
-    if (disabledPluginIds.contains(id)) {
-        log(&LogHandler::info, loadingCategory, id,
-            QStringLiteral("The plugin with the id %1 (%2) will not be loaded (disabled by user)")
-                .arg(id, path));
-        return true;
-    }
-    if (const PluginData *loaded = pluginDataByPluginId(id)) {
-        log(&LogHandler::critical, loadingCategory, id,
-            QStringLiteral("A plugin with the id %1 is already loaded from path %2. The folder %3 "
-                           "has not been loaded")
-                .arg(id, loaded->libraryPath(), path));
-        return false;
-    }
-    return loadFromPluginPath(PluginPlatform::running().libraryPath(path, id), id);
+    return canLoadFrom(dirPath) && keep(loadFolder(QFileInfo(QDir(dirPath).absolutePath())));
 }
 
 bool PluginLoader::loadFromPluginPath(const QString &libraryPath, const QString &expectedId)
 {
-    QElapsedTimer timer;
-    timer.start();
-    if (!isNotInited())
-        return false;
+    return isNotInited() && keep(loadLibrary(libraryPath, expectedId));
+}
 
+std::unique_ptr<PluginLibrary> PluginLoader::loadFolder(const QFileInfo &folder) const
+{
+    const QString path = folder.absoluteFilePath();
+    const QString id = folder.fileName();
+    if (!isUuidText(id)) {
+        refuse(QStringLiteral("The name of the folder %1 is not a valid UUID").arg(path));
+        return nullptr;
+    }
+    if (const PluginData *loaded = pluginDataByPluginId(id)) {
+        refuse(QStringLiteral("A plugin with the id %1 is already loaded from path %2. The folder "
+                              "%3 has not been loaded")
+                   .arg(id, loaded->libraryPath(), path),
+               id);
+        return nullptr;
+    }
+    return loadLibrary(PluginPlatform::running().libraryPath(path, id), id);
+}
+
+std::unique_ptr<PluginLibrary> PluginLoader::loadLibrary(const QString &libraryPath,
+                                                         const QString &expectedId) const
+{
     const QString path = QFileInfo(libraryPath).absoluteFilePath();
-    const auto refuseWith = [&](const QString &reason) {
-        return refuse(QStringLiteral("Error loading the plugin %1: %2").arg(path, reason));
-    };
-    Library library(path);
-    const QJsonObject json = library.metaData();
-    const QString iid = json.value(interfaceIdKey).toString();
-    if (iid.isEmpty())
-        return refuseWith(QStringLiteral("the IID is not specified"));
-    if (iid != interfaceId)
-        return refuseWith(QStringLiteral("the IID %1 is not valid").arg(iid));
+    auto library = std::make_unique<PluginLibrary>(path, expectedId);
+    return carryOut(&PluginLibrary::load, *library) ? std::move(library) : nullptr;
+}
 
-    QString error;
-    QObject *root = library.instance(error);
-    if (!root)
-        return refuseWith(error);
-    auto *plugin = qobject_cast<NARV::WidgetLibraryPlugin *>(root);
-    if (!plugin)
-        return refuseWith(QStringLiteral("invalid interface"));
-
-    auto info = std::make_unique<WidgetLibraryPluginMetaInformation>();
-    const int code = WidgetLibraryPluginUtils::metaInformationFromMetaData(json, *info);
-    if (code)
-        return refuseWith(QLatin1String(WidgetLibraryPluginUtils::errorToString(code)));
-    const QString id = info->id();
-    if (!expectedId.isEmpty() && expectedId != id)
-        return refuseWith(
-            QStringLiteral("the id %1 is not equal to the folder name %2").arg(id, expectedId));
-
-    const QString loaded = QStringLiteral("Plugin %1 (v%2) loaded, author %3")
-                               .arg(id, info->version().version(), info->author());
-    const double milliseconds = double(timer.nsecsElapsed()) * millisecondsPerNanosecond;
+bool PluginLoader::keep(std::unique_ptr<PluginLibrary> library)
+{
+    if (!library || !carryOut(&PluginLibrary::describe, *library))
+        return false;
+    auto data = library->takeData();
+    const WidgetLibraryPluginMetaInformation &info = *data->metaInformation();
+    const QString id = info.id();
     // Not before the new record stands: the old one may be of the same library.
     const std::unique_ptr<PluginData> replaced(d->pluginData.value(id));
-    d->pluginData.insert(id, new WidgetLibraryPluginData(path, library.take(), plugin,
-                                                         info.release(), milliseconds));
-    log(&LogHandler::info, loadingCategory, id, loaded);
+    d->pluginData.insert(id, data.release());
+    log(&LogHandler::info, loadingCategory, id,
+        QStringLiteral("Plugin %1 (v%2) loaded, author %3")
+            .arg(id, info.version().version(), info.author()));
     return true;
 }
 

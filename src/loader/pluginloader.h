@@ -19,6 +19,7 @@ class Plugin;
 namespace NARV::INTERNAL {
 
 class PluginData;
+class PluginLibrary;
 class PluginLoaderPrivate;
 
 //! Finds widget-library plugins on disk, checks and loads them, keeps one record per plugin, and
@@ -62,7 +63,7 @@ public:
 
     //! Loads every plugin in a plugins folder but the disabled ones (ids, exactly as the folders
     //! are named). False if the folder does not exist or some plugin could not be loaded; the
-    //! others are loaded all the same.
+    //! others are loaded all the same. The root objects of all are made before the first record is.
     bool loadFromDir(const QString &dirPath, const QStringList &disabledPluginIds = {});
     //! Loads the plugin of one plugin folder.
     bool loadFromPluginDir(const QString &dirPath);
@@ -115,7 +116,13 @@ private:
 
     bool isNotInited() const;
     bool canLoadFrom(const QString &dirPath) const;
-    bool loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds);
+    //! Load the library of a plugin; null if that fails, which has been reported then.
+    std::unique_ptr<PluginLibrary> loadFolder(const QFileInfo &folder) const;
+    std::unique_ptr<PluginLibrary> loadLibrary(const QString &libraryPath,
+                                               const QString &expectedId) const;
+    //! Reads the description of a library and keeps a record of its plugin. False if the library is
+    //! null or malformed.
+    bool keep(std::unique_ptr<PluginLibrary> library);
     void notify(Hook hook);
 
     const std::unique_ptr<PluginLoaderPrivate> d;
