@@ -30,25 +30,32 @@ PluginLibrary::~PluginLibrary()
         m_loader->unload();
 }
 
-QString PluginLibrary::load()
+//! Adds the time of a step to that of the others.
+template<typename Step>
+QString PluginLibrary::timed(Step step)
 {
     QElapsedTimer timer;
     timer.start();
-    m_loader = std::make_unique<QPluginLoader>(m_path);
-    m_metaData = m_loader->metaData();
-    QString error = checkInterfaceId();
-    if (error.isNull())
-        error = makeInstance();
+    const QString error = step();
     m_nanoseconds += timer.nsecsElapsed();
     return error;
 }
 
-QString PluginLibrary::checkInterfaceId() const
+QString PluginLibrary::readMetaData()
 {
-    const QString iid = m_metaData.value(interfaceIdKey).toString();
-    if (iid.isEmpty())
-        return QStringLiteral("the IID is not specified");
-    return iid == interfaceId ? QString() : QStringLiteral("the IID %1 is not valid").arg(iid);
+    return timed([this] {
+        m_loader = std::make_unique<QPluginLoader>(m_path);
+        m_metaData = m_loader->metaData();
+        const QString iid = m_metaData.value(interfaceIdKey).toString();
+        if (iid.isEmpty())
+            return QStringLiteral("the IID is not specified");
+        return iid == interfaceId ? QString() : QStringLiteral("the IID %1 is not valid").arg(iid);
+    });
+}
+
+QString PluginLibrary::load()
+{
+    return timed([this] { return makeInstance(); });
 }
 
 QString PluginLibrary::makeInstance()
@@ -75,17 +82,16 @@ bool PluginLibrary::hasExpectedId() const
 
 QString PluginLibrary::describe()
 {
-    QElapsedTimer timer;
-    timer.start();
-    m_info = std::make_unique<WidgetLibraryPluginMetaInformation>();
-    const int code = WidgetLibraryPluginUtils::metaInformationFromMetaData(m_metaData, *m_info);
-    if (code)
-        return QLatin1String(WidgetLibraryPluginUtils::errorToString(code));
-    if (!m_expectedId.isEmpty() && m_expectedId != m_info->id())
+    return timed([this] {
+        m_info = std::make_unique<WidgetLibraryPluginMetaInformation>();
+        const int code = WidgetLibraryPluginUtils::metaInformationFromMetaData(m_metaData, *m_info);
+        if (code)
+            return QString(QLatin1String(WidgetLibraryPluginUtils::errorToString(code)));
+        if (m_expectedId.isEmpty() || m_expectedId == m_info->id())
+            return QString();
         return QStringLiteral("the id %1 is not equal to the folder name %2")
             .arg(m_info->id(), m_expectedId);
-    m_nanoseconds += timer.nsecsElapsed();
-    return {};
+    });
 }
 
 std::unique_ptr<WidgetLibraryPluginData> PluginLibrary::takeData()

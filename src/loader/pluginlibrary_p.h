@@ -15,8 +15,8 @@ namespace NARV::INTERNAL {
 
 class WidgetLibraryPluginData;
 
-//! A plugin's library on its way in: load(), describe(), takeData(). Unless its data are taken it
-//! is unloaded and unmapped in the end.
+//! A plugin's library on its way in: readMetaData(), load(), describe(), takeData(). Unless its
+//! data are taken it is unloaded and unmapped in the end.
 class PluginLibrary
 {
 public:
@@ -26,14 +26,15 @@ public:
 
     const QString &path() const { return m_path; }
 
-    //! Loads the library and makes its root object. The text says why that is not possible; null if
-    //! it is.
-    QString load();
-    //! What has been loaded says that it has the id expected. Whether that is valid, describe()
-    //! tells.
+    // Each step returns why it is not possible; null if it is.
+
+    //! Reads what the library file says of itself, without running any of its code.
+    QString readMetaData();
+    //! The metadata name the id expected. Whether it is valid, describe() tells.
     bool hasExpectedId() const;
-    //! Reads the description of the library that has been loaded. The text says what is wrong with
-    //! it; null if nothing is.
+    //! Loads the library and makes its root object.
+    QString load();
+    //! Reads the description of the library that has been loaded.
     QString describe();
     //! The record of the plugin that has been described. To be called once; the caller owns it.
     std::unique_ptr<WidgetLibraryPluginData> takeData();
@@ -41,7 +42,8 @@ public:
 private:
     Q_DISABLE_COPY(PluginLibrary)
 
-    QString checkInterfaceId() const;
+    template<typename Step>
+    QString timed(Step step);
     QString makeInstance();
 
     QString m_path;
@@ -50,7 +52,7 @@ private:
     QJsonObject m_metaData;
     NARV::WidgetLibraryPlugin *m_instance = nullptr;
     std::unique_ptr<WidgetLibraryPluginMetaInformation> m_info;
-    qint64 m_nanoseconds = 0; //!< that both steps took
+    qint64 m_nanoseconds = 0; //!< that the steps took
 };
 
 } // namespace NARV::INTERNAL

@@ -13,19 +13,13 @@
 #include <QDir>
 #include <QDirIterator>
 
+#include <utility>
 #include <vector>
 
 namespace NARV::INTERNAL {
 
 static constexpr char generalCategory[] = "GENERAL";
 static constexpr char loadingCategory[] = "PLUGIN_LOADING";
-
-class PluginLoaderPrivate
-{
-public:
-    bool inited = false;
-    QMap<QString, PluginData *> pluginData;
-};
 
 using Level = Debug (LogHandler::*)() const;
 
@@ -35,15 +29,48 @@ static void log(Level level, const char *category, const QString &source, const 
     (handler.*level)().debug().noquote() << message;
 }
 
-//! Reports why a plugin is not loaded; always false.
-static bool refuse(const QString &message, const QString &source = {})
+class PluginLoaderPrivate
 {
-    log(&LogHandler::critical, loadingCategory, source, message);
+public:
+    void tell(Level level, const QString &source, const QString &message);
+    bool isDisabled(const QFileInfo &folder, const QStringList &disabledPluginIds);
+    //! Load the library of a plugin; null if that fails, which has been reported then.
+    std::unique_ptr<PluginLibrary> loadFolder(const QFileInfo &folder);
+    std::unique_ptr<PluginLibrary> loadLibrary(const QString &libraryPath,
+                                               const QString &expectedId);
+    //! Reads the description of a library and keeps a record of its plugin. False if the library is
+    //! null or malformed.
+    bool keep(std::unique_ptr<PluginLibrary> library);
+    //! False if one of those that wait is malformed.
+    bool keepWaiting();
+
+    bool inited = false;
+    QMap<QString, PluginData *> pluginData;
+    //! Loaded, but not yet described.
+    std::vector<std::unique_ptr<PluginLibrary>> waiting;
+    bool allAreKept = true; //!< of those that waited
+
+private:
+    bool refuse(const QString &message, const QString &source = {});
+    bool carryOut(QString (PluginLibrary::*step)(), PluginLibrary &library);
+};
+
+// In the order of the folders: first what there is to say of the plugins that wait.
+void PluginLoaderPrivate::tell(Level level, const QString &source, const QString &message)
+{
+    keepWaiting();
+    log(level, loadingCategory, source, message);
+}
+
+//! Reports why a plugin is not loaded; always false.
+bool PluginLoaderPrivate::refuse(const QString &message, const QString &source)
+{
+    tell(&LogHandler::critical, source, message);
     return false;
 }
 
 //! Carries out one step of loading a library and reports what went wrong.
-static bool carryOut(QString (PluginLibrary::*step)(), PluginLibrary &library)
+bool PluginLoaderPrivate::carryOut(QString (PluginLibrary::*step)(), PluginLibrary &library)
 {
     const QString error = (library.*step)();
     return error.isNull() ||
@@ -80,54 +107,51 @@ bool PluginLoader::canLoadFrom(const QString &dirPath) const
 }
 
 //! Says so in the log when the user has disabled the plugin of that folder.
-static bool isDisabled(const QFileInfo &folder, const QStringList &disabledPluginIds)
+bool PluginLoaderPrivate::isDisabled(const QFileInfo &folder, const QStringList &disabledPluginIds)
 {
     const QString id = folder.fileName();
     if (!isUuidText(id) || !disabledPluginIds.contains(id))
         return false;
-    log(&LogHandler::info, loadingCategory, id,
-        QStringLiteral("The plugin with the id %1 (%2) will not be loaded (disabled by user)")
-            .arg(id, folder.absoluteFilePath()));
+    tell(&LogHandler::info, id,
+         QStringLiteral("The plugin with the id %1 (%2) will not be loaded (disabled by user)")
+             .arg(id, folder.absoluteFilePath()));
     return true;
 }
 
-// All libraries first, then all descriptions: by turns, the code and data of either would push
-// those of the other out of the processor's caches.
+// Libraries first, then their descriptions: by turns, the code and data of either would push those
+// of the other out of the processor's caches.
 bool PluginLoader::loadFromDir(const QString &dirPath, const QStringList &disabledPluginIds)
 {
     if (!canLoadFrom(dirPath))
         return false;
     bool result = true;
-    std::vector<std::unique_ptr<PluginLibrary>> libraries;
+    d->allAreKept = true;
     QDirIterator folders(dirPath, QDir::Dirs | QDir::NoDotAndDotDot);
     while (folders.hasNext()) {
         folders.next();
-        if (isDisabled(folders.fileInfo(), disabledPluginIds))
+        if (d->isDisabled(folders.fileInfo(), disabledPluginIds))
             continue;
-        auto library = loadFolder(folders.fileInfo());
-        // What lies in a foreign folder is refused before its translations get in another's way.
+        auto library = d->loadFolder(folders.fileInfo());
         if (library && library->hasExpectedId())
-            libraries.push_back(std::move(library));
+            d->waiting.push_back(std::move(library));
         else
-            result &= keep(std::move(library));
+            result &= d->keep(std::move(library));
     }
-    for (auto &library : libraries)
-        result &= keep(std::move(library));
-    return result;
+    return d->keepWaiting() && result;
 }
 
 bool PluginLoader::loadFromPluginDir(const QString &dirPath)
 {
     // The name of a path such as "." or one that ends in a separator is that of the folder.
-    return canLoadFrom(dirPath) && keep(loadFolder(QFileInfo(QDir(dirPath).absolutePath())));
+    return canLoadFrom(dirPath) && d->keep(d->loadFolder(QFileInfo(QDir(dirPath).absolutePath())));
 }
 
 bool PluginLoader::loadFromPluginPath(const QString &libraryPath, const QString &expectedId)
 {
-    return isNotInited() && keep(loadLibrary(libraryPath, expectedId));
+    return isNotInited() && d->keep(d->loadLibrary(libraryPath, expectedId));
 }
 
-std::unique_ptr<PluginLibrary> PluginLoader::loadFolder(const QFileInfo &folder) const
+std::unique_ptr<PluginLibrary> PluginLoaderPrivate::loadFolder(const QFileInfo &folder)
 {
     const QString path = folder.absoluteFilePath();
     const QString id = folder.fileName();
@@ -135,7 +159,7 @@ std::unique_ptr<PluginLibrary> PluginLoader::loadFolder(const QFileInfo &folder)
         refuse(QStringLiteral("The name of the folder %1 is not a valid UUID").arg(path));
         return nullptr;
     }
-    if (const PluginData *loaded = pluginDataByPluginId(id)) {
+    if (const PluginData *loaded = pluginData.value(id)) {
         refuse(QStringLiteral("A plugin with the id %1 is already loaded from path %2. The folder "
                               "%3 has not been loaded")
                    .arg(id, loaded->libraryPath(), path),
@@ -145,15 +169,20 @@ std::unique_ptr<PluginLibrary> PluginLoader::loadFolder(const QFileInfo &folder)
     return loadLibrary(PluginPlatform::running().libraryPath(path, id), id);
 }
 
-std::unique_ptr<PluginLibrary> PluginLoader::loadLibrary(const QString &libraryPath,
-                                                         const QString &expectedId) const
+std::unique_ptr<PluginLibrary> PluginLoaderPrivate::loadLibrary(const QString &libraryPath,
+                                                                const QString &expectedId)
 {
     const QString path = QFileInfo(libraryPath).absoluteFilePath();
     auto library = std::make_unique<PluginLibrary>(path, expectedId);
+    if (!carryOut(&PluginLibrary::readMetaData, *library))
+        return nullptr;
+    // What lies in a foreign folder must not get in the way of another's translations.
+    if (!library->hasExpectedId())
+        keepWaiting();
     return carryOut(&PluginLibrary::load, *library) ? std::move(library) : nullptr;
 }
 
-bool PluginLoader::keep(std::unique_ptr<PluginLibrary> library)
+bool PluginLoaderPrivate::keep(std::unique_ptr<PluginLibrary> library)
 {
     if (!library || !carryOut(&PluginLibrary::describe, *library))
         return false;
@@ -161,12 +190,19 @@ bool PluginLoader::keep(std::unique_ptr<PluginLibrary> library)
     const WidgetLibraryPluginMetaInformation &info = *data->metaInformation();
     const QString id = info.id();
     // Not before the new record stands: the old one may be of the same library.
-    const std::unique_ptr<PluginData> replaced(d->pluginData.value(id));
-    d->pluginData.insert(id, data.release());
-    log(&LogHandler::info, loadingCategory, id,
-        QStringLiteral("Plugin %1 (v%2) loaded, author %3")
-            .arg(id, info.version().version(), info.author()));
+    const std::unique_ptr<PluginData> replaced(pluginData.value(id));
+    pluginData.insert(id, data.release());
+    tell(&LogHandler::info, id,
+         QStringLiteral("Plugin %1 (v%2) loaded, author %3")
+             .arg(id, info.version().version(), info.author()));
     return true;
+}
+
+bool PluginLoaderPrivate::keepWaiting()
+{
+    for (auto &library : std::exchange(waiting, {}))
+        allAreKept &= keep(std::move(library));
+    return allAreKept;
 }
 
 bool PluginLoader::checkPluginDir(const QString &dirPath) const

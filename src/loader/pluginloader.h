@@ -19,7 +19,6 @@ class Plugin;
 namespace NARV::INTERNAL {
 
 class PluginData;
-class PluginLibrary;
 class PluginLoaderPrivate;
 
 //! Finds widget-library plugins on disk, checks and loads them, keeps one record per plugin, and
@@ -116,13 +115,6 @@ private:
 
     bool isNotInited() const;
     bool canLoadFrom(const QString &dirPath) const;
-    //! Load the library of a plugin; null if that fails, which has been reported then.
-    std::unique_ptr<PluginLibrary> loadFolder(const QFileInfo &folder) const;
-    std::unique_ptr<PluginLibrary> loadLibrary(const QString &libraryPath,
-                                               const QString &expectedId) const;
-    //! Reads the description of a library and keeps a record of its plugin. False if the library is
-    //! null or malformed.
-    bool keep(std::unique_ptr<PluginLibrary> library);
     void notify(Hook hook);
 
     const std::unique_ptr<PluginLoaderPrivate> d;
