@@ -1,5 +1,7 @@
 #include "data/alarmeditor.h"
 
+#include "data/wheelguard.h"
+
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
@@ -55,6 +57,7 @@ QComboBox *AlarmEditor::addChoice(const QString &name, const QString &label,
                                   const QStringList &choices)
 {
     auto *box = new QComboBox;
+    new WheelGuard(box);
     place(box, name, label);
     box->addItems(choices);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -67,6 +70,7 @@ QDoubleSpinBox *AlarmEditor::addNumber(const QString &name, const QString &label
 {
     constexpr double most = 1e12;
     auto *box = new QDoubleSpinBox;
+    new WheelGuard(box);
     place(box, name, label);
     box->setRange(-most, most);
     box->setDecimals(3);

@@ -1,5 +1,6 @@
 #include "data/generatoreditor.h"
 
+#include "data/wheelguard.h"
 #include "window/icons.h"
 
 #include <QComboBox>
@@ -143,6 +144,7 @@ static bool always(const Settings &, TagType)
 void GeneratorEditor::addKind()
 {
     auto *box = new QComboBox;
+    new WheelGuard(box);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     for (const GeneratorInfo &info : generators())
         box->addItem(generatorTitle(info.kind));
@@ -161,6 +163,7 @@ void GeneratorEditor::addNumber(const QString &name, const QString &label,
 {
     constexpr double most = 1e12;
     auto *box = new QDoubleSpinBox;
+    new WheelGuard(box);
     box->setDecimals(3);
     box->setRange(-most, most);
     box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
@@ -178,6 +181,7 @@ void GeneratorEditor::addWhole(const QString &name, const QString &label,
                                IsUsed isUsed)
 {
     auto *box = new QSpinBox;
+    new WheelGuard(box);
     box->setRange(minimum, maximum);
     box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
     box->setKeyboardTracking(false);
@@ -261,6 +265,7 @@ void GeneratorEditor::browse()
 void GeneratorEditor::addQuality()
 {
     auto *box = new QComboBox;
+    new WheelGuard(box);
     box->addItems(qualityNames());
     addRow(QStringLiteral("quality"), tr("&Quality"), box, isMoving,
            [this, box] { box->setCurrentIndex(int(m_settings.quality)); });

@@ -1,5 +1,6 @@
 #include "data/tagvalueeditor.h"
 
+#include "data/wheelguard.h"
 #include "window/icons.h"
 
 #include <QCheckBox>
@@ -32,6 +33,7 @@ TagValueEditor::TagValueEditor(QWidget *parent)
     layout->addLayout(bottom);
     bottom->addWidget(m_line, 1);
     bottom->addWidget(m_none);
+    new WheelGuard(m_slider);
     m_slider->setObjectName(QStringLiteral("tagSlider"));
     m_slider->setAccessibleName(tr("Move the tag"));
     m_slider->setRange(0, finest);

@@ -21,9 +21,11 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QScrollArea>
+#include <QSignalSpy>
 #include <QSlider>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QWheelEvent>
 
 using namespace NARV;
 using namespace NARV::DEV;
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void trendsAreAdded();
     void scenariosAreRunAndUndone();
     void theClockBar();
+    void theWheelScrolls();
     void controlsHaveNamesAndFit();
 
 private:
@@ -308,6 +311,41 @@ void tst_DataPanels::theClockBar()
     QCOMPARE(clock.speed(), SimulationClock::slowest);
     clock.setSpeed(25);
     QCOMPARE(find<QComboBox>(bar, "clock.speed")->currentText(), u("25×"));
+}
+
+//! True if the widget made use of it.
+static bool wheelOver(QWidget &widget)
+{
+    const QPointF middle = widget.rect().center();
+    QWheelEvent wheel(middle, widget.mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, 120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &wheel);
+    return wheel.isAccepted();
+}
+
+void tst_DataPanels::theWheelScrolls()
+{
+    TestData data;
+    data.loadDefaults();
+    TagsPanel tags(data);
+    AlarmsPanel alarms(data);
+    QSignalSpy changes(&data, &TestData::modified);
+    for (DataPanel *panel : std::initializer_list<DataPanel *>{&alarms, &tags}) {
+        showPanel(*panel);
+        find<QTableView>(*panel, qPrintable(panel->objectName() + u("Table")))->setFocus();
+        for (QWidget *box : panel->findChildren<QWidget *>()) {
+            if (!qobject_cast<QComboBox *>(box) && !qobject_cast<QAbstractSpinBox *>(box))
+                continue;
+            QVERIFY2(!wheelOver(*box), qPrintable(box->objectName()));
+            QVERIFY(box->focusPolicy() != Qt::WheelFocus);
+        }
+    }
+    QVERIFY(!wheelOver(*find<QSlider>(tags, "tagSlider")));
+    QVERIFY(changes.isEmpty());
+    auto *period = find<QSpinBox>(tags, "generator.period");
+    period->setFocus();
+    QVERIFY(wheelOver(*period));
+    QCOMPARE(changes.count(), 1);
 }
 
 void tst_DataPanels::controlsHaveNamesAndFit()
