@@ -86,6 +86,10 @@ void DataPanel::buildTable(QAbstractItemModel &model, const QString &title)
                 rowsChanged(first.row(), last.row());
             });
     connect(m_proxy, &QAbstractItemModel::modelReset, this, [this] { setCurrentRow(0); });
+    connect(m_proxy, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int row) {
+        if (!m_table->currentIndex().isValid())
+            m_table->setCurrentIndex(m_proxy->index(row, 0));
+    });
     connect(m_proxy, &QAbstractItemModel::rowsRemoved, this, [this] { showCurrent(); });
 }
 

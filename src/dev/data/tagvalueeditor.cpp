@@ -20,7 +20,7 @@ static constexpr int finest = 1000; // positions of the slider
 TagValueEditor::TagValueEditor(QWidget *parent)
     : QWidget(parent)
     , m_slider(new QSlider(Qt::Horizontal))
-    , m_switch(new QCheckBox(tr("O&n")))
+    , m_switch(new QCheckBox(tr("&On")))
     , m_line(new QLineEdit)
     , m_none(new QToolButton)
 {

@@ -56,7 +56,8 @@ void TrendsPanel::showCurrent()
     m_plot->show(
         m_data.trends()
             .samples(name, {}, {}, mostSamples, WidgetActionManager::MillisecondsSinceEpoch)
-            .toList());
+            .toList(),
+        m_data.trends().problem(row));
 }
 
 void TrendsPanel::addOfTag()

@@ -160,7 +160,11 @@ void tst_DataPanels::generatorsAreEdited()
     QCOMPARE(settings.period, 4000);
     QCOMPARE(settings.maximum, 10.0);
     QCOMPARE(data.tags().quality(panel.currentRow()), Quality::Uncertain);
+    const QVariant present = data.tagValue(u("level"));
+    choose(panel, "generator.kind", int(GeneratorKind::Constant));
+    QCOMPARE(data.tagValue(u("level")), present);
     choose(panel, "generator.kind", int(GeneratorKind::CsvPlayback));
+    QCOMPARE(find<QLabel>(panel, "tagProblem")->text(), u("Choose a CSV file"));
     type(find<QLineEdit>(panel, "generator.filePath"), qPrintable(file.fileName()));
     auto *problem = find<QLabel>(panel, "tagProblem");
     QVERIFY(problem->isVisible());
@@ -208,9 +212,10 @@ void tst_DataPanels::everyTypeHasItsEditor()
 void tst_DataPanels::anAlarmGoesThroughItsLife()
 {
     TestData data;
-    data.loadDefaults();
     AlarmsPanel panel(data);
     showPanel(panel);
+    data.loadDefaults();
+    QCOMPARE(panel.currentRow(), 0);
     panel.setCurrentRow(1);
     const struct
     {
@@ -270,7 +275,13 @@ void tst_DataPanels::trendsAreAdded()
     TagsPanel tags(data);
     find<QAbstractButton>(tags, "tags.trend")->click();
     QCOMPARE(data.trends().names().last(), u("level2"));
+    const int bad = data.trends().add({u("bad"), {}, u("none.csv"), 100, 100});
+    panel.setCurrentRow(bad);
+    QCOMPARE(find<QWidget>(panel, "trendPlot")->accessibleDescription(),
+             u("none.csv: There is no such file"));
+    panel.setCurrentRow(2);
     data.clock().advance(2000);
+    QVERIFY(find<QWidget>(panel, "trendPlot")->accessibleDescription().isEmpty());
     QVERIFY(data.trends().index(2, TrendStore::SamplesColumn).data().toInt() > 2);
     find<QAbstractButton>(panel, "trends.clear")->click();
     QCOMPARE(data.trends().index(2, TrendStore::SamplesColumn).data(), QVariant(0));
@@ -285,14 +296,18 @@ void tst_DataPanels::scenariosAreRunAndUndone()
     auto *list = find<QListWidget>(panel, "scenarioList");
     auto *restore = find<QAbstractButton>(panel, "scenarioRestore");
     QVERIFY(!restore->isEnabled());
+    const auto *description = find<QLabel>(panel, "scenarioDescription");
+    const QString before = description->text();
     choose(panel, "scenarioTags", 1);
     list->setFocus();
     QTest::keyClick(list, Qt::Key_Return); // no value
+    QVERIFY(description->text() != before);
     QVERIFY(!data.tagValue(u("level")).isValid());
     QVERIFY(data.tagValue(u("speed")).isValid());
     restore->click();
     QVERIFY(data.tagValue(u("level")).isValid());
     QVERIFY(!restore->isEnabled());
+    QCOMPARE(description->text(), before);
 }
 
 void tst_DataPanels::theClockBar()
@@ -357,6 +372,9 @@ void tst_DataPanels::controlsHaveNamesAndFit()
     TrendsPanel trends(data);
     ScenarioPanel scenarios(data);
     ClockBar clock(data.clock());
+    const QVector<QKeySequence> menuKeys{Qt::ALT + Qt::Key_F, Qt::ALT + Qt::Key_E,
+                                         Qt::ALT + Qt::Key_A, Qt::ALT + Qt::Key_V,
+                                         Qt::ALT + Qt::Key_R};
     const auto fits = [](QWidget &panel) {
         for (const auto *area : panel.findChildren<QScrollArea *>()) {
             if (area->widget()->width() > area->viewport()->width())
@@ -378,6 +396,11 @@ void tst_DataPanels::controlsHaveNamesAndFit()
         for (QWidget *control : panel->findChildren<QWidget *>()) {
             const bool isControl = control->focusPolicy() & Qt::TabFocus;
             const auto *button = qobject_cast<QAbstractButton *>(control);
+            const auto *label = qobject_cast<QLabel *>(control);
+            const bool hasMnemonic = button || (label && label->buddy());
+            const QString text = button ? button->text() : label ? label->text() : QString();
+            QVERIFY2(!hasMnemonic || !menuKeys.contains(QKeySequence::mnemonic(text)),
+                     qPrintable(text));
             const bool isInside = // a part of a control or of its popup
                 control->window() != panel->window() || control->objectName().startsWith(u("qt_"));
             if (isControl && !isInside && !(button && !button->text().isEmpty()))
