@@ -45,6 +45,7 @@ private Q_SLOTS:
     void trendsAreAdded();
     void scenariosAreRunAndUndone();
     void theClockBar();
+    void whatIsRemovedIsTakenBack();
     void theWheelScrolls();
     void controlsHaveNamesAndFit();
 
@@ -326,6 +327,35 @@ void tst_DataPanels::theClockBar()
     QCOMPARE(clock.speed(), SimulationClock::slowest);
     clock.setSpeed(25);
     QCOMPARE(find<QComboBox>(bar, "clock.speed")->currentText(), u("25×"));
+}
+
+void tst_DataPanels::whatIsRemovedIsTakenBack()
+{
+    TestData data;
+    data.loadDefaults();
+    TagsPanel tags(data);
+    AlarmsPanel alarms(data);
+    TrendsPanel trends(data);
+    for (DataPanel *panel : std::initializer_list<DataPanel *>{&tags, &alarms, &trends}) {
+        const QString name = panel->objectName();
+        showPanel(*panel);
+        panel->setCurrentRow(0);
+        auto *table = find<QTableView>(*panel, qPrintable(name + u("Table")));
+        auto *takeBack = find<QAbstractButton>(*panel, qPrintable(name + u("TakeBack")));
+        const QVariant first = table->model()->index(0, 0).data();
+        const int count = table->model()->rowCount();
+        table->setFocus();
+        QTest::keyClick(table, Qt::Key_Delete);
+        QVERIFY(takeBack->isVisible());
+        takeBack->click();
+        QVERIFY(!takeBack->isVisible());
+        QCOMPARE(table->model()->rowCount(), count);
+        QCOMPARE(table->currentIndex().data(), first);
+        find<QAbstractButton>(*panel, qPrintable(name + u(".remove")))->click();
+        data.loadDefaults(); // in other data the row has no place
+        QVERIFY(!takeBack->isVisible());
+        QCOMPARE(table->model()->rowCount(), count);
+    }
 }
 
 //! True if the widget made use of it.
