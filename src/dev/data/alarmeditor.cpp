@@ -1,5 +1,7 @@
 #include "data/alarmeditor.h"
 
+#include "data/wheelguard.h"
+
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
@@ -16,14 +18,14 @@ AlarmEditor::AlarmEditor(QWidget *parent)
     : QWidget(parent)
     , m_form(new QFormLayout(this))
     , m_description(addLine(QStringLiteral("description"), tr("&Description")))
-    , m_severity(addChoice(QStringLiteral("severity"), tr("Se&verity"), alarmSeverityNames()))
+    , m_severity(addChoice(QStringLiteral("severity"), tr("Severit&y"), alarmSeverityNames()))
     , m_groups(addLine(QStringLiteral("groups"), tr("&Groups")))
     , m_tag(addChoice(QStringLiteral("tag"), tr("&Tag"), {}))
-    , m_limitKind(addChoice(QStringLiteral("limitKind"), tr("&Raised"),
+    , m_limitKind(addChoice(QStringLiteral("limitKind"), tr("Ra&ised"),
                             {tr("by hand"), tr("above the limit"), tr("below the limit")}))
     , m_limit(addNumber(QStringLiteral("limit"), tr("&Limit")))
-    , m_hysteresis(addNumber(QStringLiteral("hysteresis"), tr("H&ysteresis")))
-    , m_acknowledge(addFlag(QStringLiteral("acknowledge"), tr("To be &acknowledged")))
+    , m_hysteresis(addNumber(QStringLiteral("hysteresis"), tr("&Hysteresis")))
+    , m_acknowledge(addFlag(QStringLiteral("acknowledge"), tr("To be ac&knowledged")))
     , m_reset(addFlag(QStringLiteral("reset"), tr("To be re&set")))
     , m_blink(addFlag(QStringLiteral("blink"), tr("&Blinks")))
 {
@@ -55,6 +57,7 @@ QComboBox *AlarmEditor::addChoice(const QString &name, const QString &label,
                                   const QStringList &choices)
 {
     auto *box = new QComboBox;
+    new WheelGuard(box);
     place(box, name, label);
     box->addItems(choices);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -67,6 +70,7 @@ QDoubleSpinBox *AlarmEditor::addNumber(const QString &name, const QString &label
 {
     constexpr double most = 1e12;
     auto *box = new QDoubleSpinBox;
+    new WheelGuard(box);
     place(box, name, label);
     box->setRange(-most, most);
     box->setDecimals(3);

@@ -30,11 +30,15 @@ AlarmsPanel::AlarmsPanel(TestData &testData)
     , m_data(testData)
     , m_editor(new AlarmEditor)
 {
-    addActionButtons();
     addEditButtons();
+    addActionButtons();
     setDetails(m_editor);
-    table().horizontalHeader()->resizeSection(AlarmTable::StateColumn, 180);
-    table().horizontalHeader()->resizeSection(AlarmTable::SeverityColumn, 80);
+    QHeaderView *header = table().horizontalHeader();
+    header->resizeSection(AlarmTable::NameColumn, 90);
+    const QString &usual = alarmStateNames().at(AlarmInfo::StateTriggeredNotAcknowledged);
+    header->resizeSection(AlarmTable::StateColumn, fontMetrics().horizontalAdvance(usual) + 12);
+    header->resizeSection(AlarmTable::SeverityColumn, 85);
+    header->resizeSection(AlarmTable::CauseColumn, 80);
     connect(m_editor, &AlarmEditor::edited, this, [this](const Alarm &alarm) {
         if (currentRow() >= 0)
             m_data.alarms().edit(currentRow(), alarm);
@@ -55,7 +59,6 @@ void AlarmsPanel::addActionButtons()
                   [this, action = entry.action] { m_data.alarms().apply(currentRow(), action); });
     button(QStringLiteral("alarm"))->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addMenu();
-    addGap();
 }
 
 void AlarmsPanel::addMenu()
@@ -79,8 +82,9 @@ void AlarmsPanel::addEditButtons()
     addButton(
         QStringLiteral("add"), tr("Add alarm"), [this] { addAlarm(); }, Qt::Key_Insert);
     addButton(
-        QStringLiteral("remove"), tr("Remove alarm"),
-        [this] { m_data.alarms().remove(currentRow()); }, QKeySequence::Delete);
+        QStringLiteral("remove"), tr("Remove alarm"), [this] { removeAlarm(); },
+        QKeySequence::Delete);
+    addGap();
 }
 
 void AlarmsPanel::showCurrent()
@@ -106,6 +110,15 @@ void AlarmsPanel::duplicateAlarm()
 {
     if (currentRow() >= 0)
         setCurrentRow(m_data.alarms().duplicate(currentRow()));
+}
+
+void AlarmsPanel::removeAlarm()
+{
+    const Alarm alarm = m_data.alarms().alarm(currentRow());
+    const bool isPassing = m_data.alarms().isPassing(currentRow()); // it would come back to stay
+    m_data.alarms().remove(currentRow());
+    if (!isPassing)
+        showRemoved(alarm.info.name, [this, alarm] { return m_data.alarms().add(alarm); });
 }
 
 void AlarmsPanel::toggleEnabled()

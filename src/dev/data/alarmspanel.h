@@ -29,6 +29,7 @@ private:
     void addActionButtons();
     void addAlarm();
     void duplicateAlarm();
+    void removeAlarm();
     void toggleEnabled();
 
     TestData &m_data;

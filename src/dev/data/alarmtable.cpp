@@ -470,7 +470,7 @@ QVariant AlarmTable::display(const Alarm &alarm, int column) const
     case CauseColumn:
         return causeText(alarm);
     default:
-        return info.timestamp.toString(QStringLiteral("HH:mm:ss.zzz"));
+        return info.timestamp.toString(QStringLiteral("HH:mm:ss"));
     }
 }
 

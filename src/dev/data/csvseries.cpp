@@ -212,17 +212,24 @@ CsvSeries parseCsvSeries(const QByteArray &content, const QString &fileName, Csv
     return CsvSeriesReader(fileName, values).read(content);
 }
 
-static CsvSeries failed(const QString &fileName, const QString &reason)
+static CsvSeries failed(const QString &problem)
 {
     CsvSeries series;
-    series.problems.append(QStringLiteral("%1: %2").arg(fileName, reason));
+    series.problems.append(problem);
     return series;
+}
+
+static CsvSeries failed(const QString &fileName, const QString &reason)
+{
+    return failed(QStringLiteral("%1: %2").arg(fileName, reason));
 }
 
 CsvSeries readCsvSeries(const QString &filePath, CsvValues values)
 {
     const QFileInfo info(filePath);
-    if (filePath.isEmpty() || !info.isFile())
+    if (filePath.isEmpty())
+        return failed(tr("Choose a CSV file"));
+    if (!info.isFile())
         return failed(info.fileName(), tr("There is no such file"));
     QFile file(filePath);
     if (!file.open(QIODevice::ReadOnly))

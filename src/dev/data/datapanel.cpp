@@ -18,13 +18,16 @@
 namespace NARV::DEV {
 
 static constexpr int messageTime = 6000;
+static constexpr int offerTime = 20000;
 
 DataPanel::DataPanel(QAbstractItemModel &model, const QString &name, const QString &title)
     : m_bar(new QHBoxLayout)
     , m_splitter(new QSplitter(Qt::Vertical))
     , m_proxy(new QSortFilterProxyModel(this))
     , m_table(new QTableView)
+    , m_messageBar(new QWidget)
     , m_message(new QLabel)
+    , m_takeBackButton(new QToolButton)
     , m_messageTimer(new QTimer(this))
 {
     setObjectName(name);
@@ -33,18 +36,40 @@ DataPanel::DataPanel(QAbstractItemModel &model, const QString &name, const QStri
     layout->setSpacing(4);
     layout->addLayout(m_bar);
     layout->addWidget(m_splitter, 1);
-    layout->addWidget(m_message);
+    layout->addWidget(m_messageBar);
     m_bar->setSpacing(1);
     m_splitter->setChildrenCollapsible(false);
-    m_message->setObjectName(name + QLatin1String("Message"));
-    m_message->setWordWrap(true);
-    m_message->hide();
-    m_messageTimer->setSingleShot(true);
-    connect(m_messageTimer, &QTimer::timeout, m_message, &QWidget::hide);
+    buildMessage();
     buildTable(model, title);
+    connectModel(model);
 }
 
 DataPanel::~DataPanel() = default;
+
+void DataPanel::buildMessage()
+{
+    auto *layout = new QHBoxLayout(m_messageBar);
+    layout->setContentsMargins({});
+    layout->addWidget(m_message, 1);
+    layout->addWidget(m_takeBackButton);
+    m_message->setObjectName(objectName() + QLatin1String("Message"));
+    m_message->setTextFormat(Qt::PlainText);
+    m_message->setWordWrap(true);
+    m_takeBackButton->setObjectName(objectName() + QLatin1String("TakeBack"));
+    m_takeBackButton->setIcon(benchIcon(QStringLiteral("undo")));
+    m_takeBackButton->setText(tr("Take back"));
+    m_takeBackButton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_takeBackButton->setFocusPolicy(Qt::StrongFocus);
+    m_messageBar->hide();
+    m_messageTimer->setSingleShot(true);
+    connect(m_messageTimer, &QTimer::timeout, this, [this] { showMessage({}); });
+    connect(m_takeBackButton, &QToolButton::clicked, this, [this] {
+        const auto takeBack = m_takeBack; // as the row that comes withdraws the offer
+        if (takeBack)
+            setCurrentRow(takeBack());
+        m_table->setFocus();
+    });
+}
 
 void DataPanel::buildTable(QAbstractItemModel &model, const QString &title)
 {
@@ -79,13 +104,24 @@ void DataPanel::buildTable(QAbstractItemModel &model, const QString &title)
     m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setHighlightSections(false);
+}
+
+void DataPanel::connectModel(QAbstractItemModel &model)
+{
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this] { showCurrent(); });
     connect(&model, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex &first, const QModelIndex &last) {
                 rowsChanged(first.row(), last.row());
             });
+    for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(&model, change, this, &DataPanel::withdrawOffer);
+    connect(&model, &QAbstractItemModel::modelReset, this, &DataPanel::withdrawOffer);
     connect(m_proxy, &QAbstractItemModel::modelReset, this, [this] { setCurrentRow(0); });
+    connect(m_proxy, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int row) {
+        if (!m_table->currentIndex().isValid())
+            m_table->setCurrentIndex(m_proxy->index(row, 0));
+    });
     connect(m_proxy, &QAbstractItemModel::rowsRemoved, this, [this] { showCurrent(); });
 }
 
@@ -153,20 +189,36 @@ void DataPanel::setDetails(QWidget *details)
 
 void DataPanel::showMessage(const QString &text)
 {
+    m_takeBack = {};
+    m_takeBackButton->hide();
     m_message->setText(text);
-    m_message->setVisible(!text.isEmpty());
+    m_messageBar->setVisible(!text.isEmpty());
     m_messageTimer->start(messageTime);
+}
+
+void DataPanel::showRemoved(const QString &name, const std::function<int()> &takeBack)
+{
+    showMessage(tr("“%1” was removed").arg(name));
+    m_takeBack = takeBack;
+    m_takeBackButton->show();
+    m_messageTimer->start(offerTime);
+}
+
+void DataPanel::withdrawOffer()
+{
+    if (m_takeBack)
+        showMessage({});
 }
 
 void DataPanel::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    const bool isWide = width() > 560 && width() > height();
+    const bool isWide = width() > 640 && width() > height();
     const auto orientation = isWide ? Qt::Horizontal : Qt::Vertical;
     if (m_splitter->orientation() == orientation)
         return;
     m_splitter->setOrientation(orientation);
-    m_splitter->setSizes({3000, 2000});
+    m_splitter->setSizes({isWide ? 4000 : 3000, 2000});
 }
 
 } // namespace NARV::DEV

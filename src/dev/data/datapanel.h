@@ -45,13 +45,19 @@ protected:
     void setDetails(QWidget *details);
     //! For a few seconds.
     void showMessage(const QString &text);
+    //! Says that a row is gone, with a button that calls takeBack(), which returns the row; until
+    //! another message, or until rows come or go.
+    void showRemoved(const QString &name, const std::function<int()> &takeBack);
     //! Another row is current, or has changed.
     virtual void showCurrent() = 0;
 
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void buildMessage();
     void buildTable(QAbstractItemModel &model, const QString &title);
+    void connectModel(QAbstractItemModel &model);
+    void withdrawOffer();
     void rowsChanged(int first, int last);
 
     QHash<QString, QToolButton *> m_buttons;
@@ -59,7 +65,10 @@ private:
     QSplitter *m_splitter;
     QSortFilterProxyModel *m_proxy;
     QTableView *m_table;
+    QWidget *m_messageBar;
     QLabel *m_message;
+    QToolButton *m_takeBackButton;
+    std::function<int()> m_takeBack; // empty for no offer
     QTimer *m_messageTimer;
 };
 

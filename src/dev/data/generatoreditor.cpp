@@ -1,5 +1,6 @@
 #include "data/generatoreditor.h"
 
+#include "data/wheelguard.h"
 #include "window/icons.h"
 
 #include <QComboBox>
@@ -51,16 +52,16 @@ GeneratorEditor::GeneratorEditor(QWidget *parent)
     m_form->setContentsMargins({});
     m_form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     addKind();
+    addFile();
     addWhole(QStringLiteral("period"), tr("&Period (ms)"), &Settings::period,
              Settings::shortestPeriod, Settings::longestPeriod, uses<GeneratorParameter::Period>);
     addNumber(QStringLiteral("minimum"), tr("Mi&nimum"), &Settings::minimum, hasLimits);
     addNumber(QStringLiteral("maximum"), tr("Ma&ximum"), &Settings::maximum, hasLimits);
     addNumber(QStringLiteral("step"), tr("&Step"), &Settings::step, uses<GeneratorParameter::Step>);
-    addWhole(QStringLiteral("seed"), tr("S&eed"), &Settings::seed, 0, mostSeeds,
+    addWhole(QStringLiteral("seed"), tr("See&d"), &Settings::seed, 0, mostSeeds,
              uses<GeneratorParameter::Seed>);
     addConstant();
     addTexts();
-    addFile();
     addWhole(QStringLiteral("elements"), tr("E&lements"), &Settings::elements, 1,
              Settings::mostElements, hasElements);
     addQuality();
@@ -143,6 +144,7 @@ static bool always(const Settings &, TagType)
 void GeneratorEditor::addKind()
 {
     auto *box = new QComboBox;
+    new WheelGuard(box);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     for (const GeneratorInfo &info : generators())
         box->addItem(generatorTitle(info.kind));
@@ -161,6 +163,7 @@ void GeneratorEditor::addNumber(const QString &name, const QString &label,
 {
     constexpr double most = 1e12;
     auto *box = new QDoubleSpinBox;
+    new WheelGuard(box);
     box->setDecimals(3);
     box->setRange(-most, most);
     box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
@@ -178,6 +181,7 @@ void GeneratorEditor::addWhole(const QString &name, const QString &label,
                                IsUsed isUsed)
 {
     auto *box = new QSpinBox;
+    new WheelGuard(box);
     box->setRange(minimum, maximum);
     box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
     box->setKeyboardTracking(false);
@@ -191,7 +195,7 @@ void GeneratorEditor::addWhole(const QString &name, const QString &label,
 void GeneratorEditor::addConstant()
 {
     auto *line = new QLineEdit;
-    addRow(QStringLiteral("constant"), tr("&Value"), line, uses<GeneratorParameter::Value>,
+    addRow(QStringLiteral("constant"), tr("Val&ue"), line, uses<GeneratorParameter::Value>,
            [this, line] {
                if (line->text() != m_settings.value)
                    line->setText(m_settings.value);
@@ -239,7 +243,7 @@ void GeneratorEditor::addFile()
     layout->addWidget(line, 1);
     layout->addWidget(button);
     row->setFocusProxy(line);
-    addRow(QStringLiteral("file"), tr("CSV &file"), row, uses<GeneratorParameter::File>,
+    addRow(QStringLiteral("file"), tr("&CSV file"), row, uses<GeneratorParameter::File>,
            [this, line] { line->setText(m_settings.file); });
     connect(line, &QLineEdit::editingFinished, this, [this, line] {
         edit([&](Settings &settings) { settings.file = line->text().trimmed(); });
@@ -261,6 +265,7 @@ void GeneratorEditor::browse()
 void GeneratorEditor::addQuality()
 {
     auto *box = new QComboBox;
+    new WheelGuard(box);
     box->addItems(qualityNames());
     addRow(QStringLiteral("quality"), tr("&Quality"), box, isMoving,
            [this, box] { box->setCurrentIndex(int(m_settings.quality)); });

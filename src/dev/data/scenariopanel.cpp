@@ -21,7 +21,7 @@ ScenarioPanel::ScenarioPanel(TestData &testData)
     , m_tags(new QComboBox)
     , m_list(new QListWidget)
     , m_description(new QLabel)
-    , m_run(new QPushButton(benchIcon(QStringLiteral("play")), tr("&Run")))
+    , m_run(new QPushButton(benchIcon(QStringLiteral("play")), tr("R&un")))
     , m_restore(new QPushButton(benchIcon(QStringLiteral("undo")), tr("Back to &normal")))
 {
     buildLayout();
@@ -33,8 +33,10 @@ ScenarioPanel::ScenarioPanel(TestData &testData)
     connect(m_list, &QListWidget::itemActivated, this, &ScenarioPanel::run);
     connect(m_run, &QPushButton::clicked, this, &ScenarioPanel::run);
     connect(m_restore, &QPushButton::clicked, &testData.scenarios(), &ScenarioPlayer::restore);
-    connect(&testData.scenarios(), &ScenarioPlayer::activeChanged, this,
-            [this] { m_restore->setEnabled(m_data.scenarios().isActive()); });
+    connect(&testData.scenarios(), &ScenarioPlayer::activeChanged, this, [this] {
+        m_restore->setEnabled(m_data.scenarios().isActive());
+        showScenario(); // what was done is undone
+    });
     showScenario();
 }
 

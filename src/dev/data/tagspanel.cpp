@@ -44,8 +44,7 @@ void TagsPanel::addButtons()
         QStringLiteral("duplicate"), tr("Duplicate tag"),
         [this] { setCurrentRow(m_data.tags().duplicate(currentRow())); }, Qt::CTRL + Qt::Key_D);
     addButton(
-        QStringLiteral("remove"), tr("Remove tag"), [this] { m_data.tags().remove(currentRow()); },
-        QKeySequence::Delete);
+        QStringLiteral("remove"), tr("Remove tag"), [this] { removeTag(); }, QKeySequence::Delete);
     addButton(QStringLiteral("trend"), tr("Record a trend of the tag"), [this] { recordTrend(); });
     addGap();
 }
@@ -102,6 +101,13 @@ void TagsPanel::addTag()
     setCurrentRow(row);
     table().setFocus();
     table().edit(table().currentIndex());
+}
+
+void TagsPanel::removeTag()
+{
+    const Tag tag = m_data.tags().tag(currentRow());
+    m_data.tags().remove(currentRow());
+    showRemoved(tag.name, [this, tag] { return m_data.tags().add(tag); });
 }
 
 //! A generator would write over it at once, so it stops; its settings stay.

@@ -29,6 +29,7 @@ private:
     void addButtons();
     void addDetails();
     void addTag();
+    void removeTag();
     void moveByHand(const QVariant &value);
     void recordTrend();
 

@@ -164,9 +164,11 @@ void TagTable::setGenerator(int row, const GeneratorSettings &settings)
     Entry &entry = m_entries[row];
     if (entry.tag.generator == settings)
         return;
-    const bool isOtherFile =
-        entry.tag.generator.file != settings.file || entry.tag.generator.kind != settings.kind;
+    const bool isOtherKind = entry.tag.generator.kind != settings.kind;
+    const bool isOtherFile = entry.tag.generator.file != settings.file || isOtherKind;
     entry.tag.generator = settings;
+    if (isOtherKind && settings.kind == GeneratorKind::Constant && settings.value.isEmpty())
+        entry.tag.generator.value = tagValueText(entry.tag.value);
     if (isOtherFile)
         loadSeries(entry);
     const bool isOther = storeSample(entry, m_elapsed);

@@ -1,5 +1,6 @@
 #include "data/tagvalueeditor.h"
 
+#include "data/wheelguard.h"
 #include "window/icons.h"
 
 #include <QCheckBox>
@@ -19,7 +20,7 @@ static constexpr int finest = 1000; // positions of the slider
 TagValueEditor::TagValueEditor(QWidget *parent)
     : QWidget(parent)
     , m_slider(new QSlider(Qt::Horizontal))
-    , m_switch(new QCheckBox(tr("O&n")))
+    , m_switch(new QCheckBox(tr("&On")))
     , m_line(new QLineEdit)
     , m_none(new QToolButton)
 {
@@ -32,6 +33,7 @@ TagValueEditor::TagValueEditor(QWidget *parent)
     layout->addLayout(bottom);
     bottom->addWidget(m_line, 1);
     bottom->addWidget(m_none);
+    new WheelGuard(m_slider);
     m_slider->setObjectName(QStringLiteral("tagSlider"));
     m_slider->setAccessibleName(tr("Move the tag"));
     m_slider->setRange(0, finest);

@@ -18,7 +18,7 @@ TrendPlot::TrendPlot(QWidget *parent)
 
 TrendPlot::~TrendPlot() = default;
 
-void TrendPlot::show(const QVariantList &samples)
+void TrendPlot::show(const QVariantList &samples, const QString &problem)
 {
     m_points.clear();
     for (const QVariant &sample : samples) {
@@ -28,6 +28,8 @@ void TrendPlot::show(const QVariantList &samples)
         m_points.append({pair.value(0).toDouble(),
                          isNumber ? value : std::numeric_limits<double>::quiet_NaN()});
     }
+    m_message = problem.isEmpty() ? tr("Nothing recorded yet: let time run") : problem;
+    setAccessibleDescription(m_points.isEmpty() ? m_message : QString());
     update();
 }
 
@@ -62,9 +64,8 @@ void TrendPlot::paintEvent(QPaintEvent *)
     const QRectF values = bounds();
     painter.setPen(palette().color(QPalette::Text));
     const QRectF inside = area.adjusted(4, 2, -4, -2);
-    if (values.isNull() && m_points.isEmpty()) {
-        painter.drawText(inside, Qt::AlignCenter | Qt::TextWordWrap,
-                         tr("Nothing recorded yet: let time run"));
+    if (m_points.isEmpty()) {
+        painter.drawText(inside, Qt::AlignCenter | Qt::TextWordWrap, m_message);
         return;
     }
     painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop,

@@ -15,8 +15,9 @@ public:
     explicit TrendPlot(QWidget *parent = nullptr);
     ~TrendPlot() override;
 
-    //! As TrendStore::samples() gives them in milliseconds.
-    void show(const QVariantList &samples);
+    //! Samples as TrendStore::samples() gives them in milliseconds. Where there are none, the
+    //! problem is shown, if it is not empty.
+    void show(const QVariantList &samples, const QString &problem);
 
     QSize sizeHint() const override;
 
@@ -28,6 +29,7 @@ private:
     void drawCurve(QPainter &painter, const QRectF &area) const;
 
     QVector<QPointF> m_points; // a gap is a NaN
+    QString m_message;         // in place of a curve
 };
 
 } // namespace NARV::DEV

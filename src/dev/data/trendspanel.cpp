@@ -36,8 +36,8 @@ void TrendsPanel::addButtons()
     add->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addButton(QStringLiteral("open"), tr("Add a trend from a CSV file"), [this] { addOfFile(); });
     addButton(
-        QStringLiteral("remove"), tr("Remove trend"),
-        [this] { m_data.trends().remove(currentRow()); }, QKeySequence::Delete);
+        QStringLiteral("remove"), tr("Remove trend"), [this] { removeTrend(); },
+        QKeySequence::Delete);
     addButton(QStringLiteral("clear"), tr("Forget what was recorded"),
               [this] { m_data.trends().clear(currentRow()); });
     addGap();
@@ -56,7 +56,8 @@ void TrendsPanel::showCurrent()
     m_plot->show(
         m_data.trends()
             .samples(name, {}, {}, mostSamples, WidgetActionManager::MillisecondsSinceEpoch)
-            .toList());
+            .toList(),
+        m_data.trends().problem(row));
 }
 
 void TrendsPanel::addOfTag()
@@ -92,6 +93,13 @@ void TrendsPanel::addOfFile()
         showMessage(m_data.trends().problem(row));
     });
     dialog->open();
+}
+
+void TrendsPanel::removeTrend()
+{
+    const Trend trend = m_data.trends().trend(currentRow());
+    m_data.trends().remove(currentRow());
+    showRemoved(trend.name, [this, trend] { return m_data.trends().add(trend); });
 }
 
 } // namespace NARV::DEV

@@ -26,6 +26,7 @@ private:
     void addButtons();
     void addOfTag();
     void addOfFile();
+    void removeTrend();
 
     TestData &m_data;
     TrendPlot *m_plot;

@@ -21,9 +21,11 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QScrollArea>
+#include <QSignalSpy>
 #include <QSlider>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QWheelEvent>
 
 using namespace NARV;
 using namespace NARV::DEV;
@@ -43,6 +45,8 @@ private Q_SLOTS:
     void trendsAreAdded();
     void scenariosAreRunAndUndone();
     void theClockBar();
+    void whatIsRemovedIsTakenBack();
+    void theWheelScrolls();
     void controlsHaveNamesAndFit();
 
 private:
@@ -157,7 +161,11 @@ void tst_DataPanels::generatorsAreEdited()
     QCOMPARE(settings.period, 4000);
     QCOMPARE(settings.maximum, 10.0);
     QCOMPARE(data.tags().quality(panel.currentRow()), Quality::Uncertain);
+    const QVariant present = data.tagValue(u("level"));
+    choose(panel, "generator.kind", int(GeneratorKind::Constant));
+    QCOMPARE(data.tagValue(u("level")), present);
     choose(panel, "generator.kind", int(GeneratorKind::CsvPlayback));
+    QCOMPARE(find<QLabel>(panel, "tagProblem")->text(), u("Choose a CSV file"));
     type(find<QLineEdit>(panel, "generator.filePath"), qPrintable(file.fileName()));
     auto *problem = find<QLabel>(panel, "tagProblem");
     QVERIFY(problem->isVisible());
@@ -205,9 +213,10 @@ void tst_DataPanels::everyTypeHasItsEditor()
 void tst_DataPanels::anAlarmGoesThroughItsLife()
 {
     TestData data;
-    data.loadDefaults();
     AlarmsPanel panel(data);
     showPanel(panel);
+    data.loadDefaults();
+    QCOMPARE(panel.currentRow(), 0);
     panel.setCurrentRow(1);
     const struct
     {
@@ -267,7 +276,13 @@ void tst_DataPanels::trendsAreAdded()
     TagsPanel tags(data);
     find<QAbstractButton>(tags, "tags.trend")->click();
     QCOMPARE(data.trends().names().last(), u("level2"));
+    const int bad = data.trends().add({u("bad"), {}, u("none.csv"), 100, 100});
+    panel.setCurrentRow(bad);
+    QCOMPARE(find<QWidget>(panel, "trendPlot")->accessibleDescription(),
+             u("none.csv: There is no such file"));
+    panel.setCurrentRow(2);
     data.clock().advance(2000);
+    QVERIFY(find<QWidget>(panel, "trendPlot")->accessibleDescription().isEmpty());
     QVERIFY(data.trends().index(2, TrendStore::SamplesColumn).data().toInt() > 2);
     find<QAbstractButton>(panel, "trends.clear")->click();
     QCOMPARE(data.trends().index(2, TrendStore::SamplesColumn).data(), QVariant(0));
@@ -282,14 +297,18 @@ void tst_DataPanels::scenariosAreRunAndUndone()
     auto *list = find<QListWidget>(panel, "scenarioList");
     auto *restore = find<QAbstractButton>(panel, "scenarioRestore");
     QVERIFY(!restore->isEnabled());
+    const auto *description = find<QLabel>(panel, "scenarioDescription");
+    const QString before = description->text();
     choose(panel, "scenarioTags", 1);
     list->setFocus();
     QTest::keyClick(list, Qt::Key_Return); // no value
+    QVERIFY(description->text() != before);
     QVERIFY(!data.tagValue(u("level")).isValid());
     QVERIFY(data.tagValue(u("speed")).isValid());
     restore->click();
     QVERIFY(data.tagValue(u("level")).isValid());
     QVERIFY(!restore->isEnabled());
+    QCOMPARE(description->text(), before);
 }
 
 void tst_DataPanels::theClockBar()
@@ -310,6 +329,70 @@ void tst_DataPanels::theClockBar()
     QCOMPARE(find<QComboBox>(bar, "clock.speed")->currentText(), u("25×"));
 }
 
+void tst_DataPanels::whatIsRemovedIsTakenBack()
+{
+    TestData data;
+    data.loadDefaults();
+    TagsPanel tags(data);
+    AlarmsPanel alarms(data);
+    TrendsPanel trends(data);
+    for (DataPanel *panel : std::initializer_list<DataPanel *>{&tags, &alarms, &trends}) {
+        const QString name = panel->objectName();
+        showPanel(*panel);
+        panel->setCurrentRow(0);
+        auto *table = find<QTableView>(*panel, qPrintable(name + u("Table")));
+        auto *takeBack = find<QAbstractButton>(*panel, qPrintable(name + u("TakeBack")));
+        const QVariant first = table->model()->index(0, 0).data();
+        const int count = table->model()->rowCount();
+        table->setFocus();
+        QTest::keyClick(table, Qt::Key_Delete);
+        QVERIFY(takeBack->isVisible());
+        takeBack->click();
+        QVERIFY(!takeBack->isVisible());
+        QCOMPARE(table->model()->rowCount(), count);
+        QCOMPARE(table->currentIndex().data(), first);
+        find<QAbstractButton>(*panel, qPrintable(name + u(".remove")))->click();
+        data.loadDefaults(); // in other data the row has no place
+        QVERIFY(!takeBack->isVisible());
+        QCOMPARE(table->model()->rowCount(), count);
+    }
+}
+
+//! True if the widget made use of it.
+static bool wheelOver(QWidget &widget)
+{
+    const QPointF middle = widget.rect().center();
+    QWheelEvent wheel(middle, widget.mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, 120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &wheel);
+    return wheel.isAccepted();
+}
+
+void tst_DataPanels::theWheelScrolls()
+{
+    TestData data;
+    data.loadDefaults();
+    TagsPanel tags(data);
+    AlarmsPanel alarms(data);
+    QSignalSpy changes(&data, &TestData::modified);
+    for (DataPanel *panel : std::initializer_list<DataPanel *>{&alarms, &tags}) {
+        showPanel(*panel);
+        find<QTableView>(*panel, qPrintable(panel->objectName() + u("Table")))->setFocus();
+        for (QWidget *box : panel->findChildren<QWidget *>()) {
+            if (!qobject_cast<QComboBox *>(box) && !qobject_cast<QAbstractSpinBox *>(box))
+                continue;
+            QVERIFY2(!wheelOver(*box), qPrintable(box->objectName()));
+            QVERIFY(box->focusPolicy() != Qt::WheelFocus);
+        }
+    }
+    QVERIFY(!wheelOver(*find<QSlider>(tags, "tagSlider")));
+    QVERIFY(changes.isEmpty());
+    auto *period = find<QSpinBox>(tags, "generator.period");
+    period->setFocus();
+    QVERIFY(wheelOver(*period));
+    QCOMPARE(changes.count(), 1);
+}
+
 void tst_DataPanels::controlsHaveNamesAndFit()
 {
     TestData data;
@@ -319,6 +402,9 @@ void tst_DataPanels::controlsHaveNamesAndFit()
     TrendsPanel trends(data);
     ScenarioPanel scenarios(data);
     ClockBar clock(data.clock());
+    const QVector<QKeySequence> menuKeys{Qt::ALT + Qt::Key_F, Qt::ALT + Qt::Key_E,
+                                         Qt::ALT + Qt::Key_A, Qt::ALT + Qt::Key_V,
+                                         Qt::ALT + Qt::Key_R};
     const auto fits = [](QWidget &panel) {
         for (const auto *area : panel.findChildren<QScrollArea *>()) {
             if (area->widget()->width() > area->viewport()->width())
@@ -340,6 +426,11 @@ void tst_DataPanels::controlsHaveNamesAndFit()
         for (QWidget *control : panel->findChildren<QWidget *>()) {
             const bool isControl = control->focusPolicy() & Qt::TabFocus;
             const auto *button = qobject_cast<QAbstractButton *>(control);
+            const auto *label = qobject_cast<QLabel *>(control);
+            const bool hasMnemonic = button || (label && label->buddy());
+            const QString text = button ? button->text() : label ? label->text() : QString();
+            QVERIFY2(!hasMnemonic || !menuKeys.contains(QKeySequence::mnemonic(text)),
+                     qPrintable(text));
             const bool isInside = // a part of a control or of its popup
                 control->window() != panel->window() || control->objectName().startsWith(u("qt_"));
             if (isControl && !isInside && !(button && !button->text().isEmpty()))

@@ -215,6 +215,7 @@ void tst_Generator::csvFilesOfAnySize()
              QStringList{u("big.csv: The file is larger than 16 MiB")});
     QCOMPARE(readCsvSeries(folder.filePath(u("none.csv")), CsvValues::Numbers).problems,
              QStringList{u("none.csv: There is no such file")});
+    QCOMPARE(readCsvSeries({}, CsvValues::Numbers).problems, QStringList{u("Choose a CSV file")});
     QCOMPARE(readCsvSeries(folder.path(), CsvValues::Numbers).problems.size(), 1);
 }
 
