@@ -118,14 +118,14 @@ static void mute(QStyleOptionViewItem &option)
                                    (text.blue() + base.blue()) / 2));
 }
 
-//! A long value leaves room for the name, up to half of the cell.
+//! The name first, as a long value is cut off at its end. A long name leaves room for the value.
 static QString withBinding(const QStyleOptionViewItem &option, const QString &name)
 {
-    const QString suffix = QStringLiteral("  ← ") + name;
+    const QString value = QStringLiteral(" → ") + option.text;
     const QFontMetrics metrics(option.font);
     const int width = option.rect.width() - rowMargin;
-    const int room = qMax(width - metrics.horizontalAdvance(suffix), width / 2);
-    return metrics.elidedText(option.text, Qt::ElideRight, room) + suffix;
+    const int room = qMax(width - metrics.horizontalAdvance(value), width * 2 / 3);
+    return metrics.elidedText(name, Qt::ElideMiddle, room) + value;
 }
 
 static QIcon bindingIcon(const QModelIndex &index)

@@ -65,6 +65,7 @@ PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
 
     QFont strong = m_name->font();
     strong.setBold(true);
+    m_name->setWordWrap(true);
     m_name->setObjectName(QStringLiteral("widgetName"));
     m_name->setFont(strong);
     for (QLabel *label : {m_name, m_kind}) {
