@@ -115,6 +115,14 @@ void tst_Palette::placing()
     QTest::keyClicks(words, u("gauge"));
     QTest::keyClick(words, Qt::Key_Return);
     QCOMPARE(placed.takeFirst(), QVariantList({u("gauge"), u("1.1.0")}));
+    const int found = tree->model()->rowCount();
+    QTest::keyClick(words, Qt::Key_Escape);
+    QVERIFY(words->text().isEmpty() && tree->model()->rowCount() > found);
+    QTest::keyClicks(words, u("gauge"));
+    for (const int width : {160, 260}) {
+        panel.resize(width, 600);
+        QCOMPARE(tree->isColumnHidden(PaletteModel::VersionColumn), width < 200);
+    }
     const QModelIndex group = tree->model()->index(0, 0, tree->model()->index(0, 0));
     const QModelIndex gauge = tree->model()->index(0, 0, group);
     const QPoint centre = tree->visualRect(gauge).center();
@@ -160,6 +168,7 @@ void tst_Palette::icons()
     QTRY_COMPARE(changed.size(), 2); // none that was not asked for
     const QImage bar = imageOf(model.index(0, 0, group));
     QVERIFY(bar != before);
+    QCOMPARE(bar.pixelColor(1, 16), QColor(0xf3, 0xf4, 0xf6)); // dark trees need it behind
     QVERIFY(imageOf(model.index(1, 0, group)) != bar);
     // One that draws nothing has an icon of its own.
     const QModelIndex watchdog = model.index(0, 0, model.index(0, 0, model.index(1, 0)));

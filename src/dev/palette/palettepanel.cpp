@@ -6,6 +6,7 @@
 #include "window/icons.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
@@ -16,6 +17,8 @@ namespace NARV::DEV {
 
 static const int iconSize = 32;
 static const int indentation = 12;
+static const int leastWidth = 160;
+static const int leastWidthWithVersions = 200;
 static const int galleryAndGroup = 1; //!< the depth of headings that stand open
 
 PalettePanel::PalettePanel(PluginSession &session, QWidget *parent)
@@ -30,6 +33,7 @@ PalettePanel::PalettePanel(PluginSession &session, QWidget *parent)
 {
     setObjectName(QStringLiteral("palettePanel"));
     setAccessibleName(tr("Widget palette"));
+    setMinimumWidth(leastWidth);
     m_filter->setSourceModel(m_model);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -58,6 +62,7 @@ void PalettePanel::buildFilter()
     m_words->setToolTip(tr("Enter places the first widget that fits"));
     m_words->setClearButtonEnabled(true);
     m_words->addAction(benchIcon(QStringLiteral("filter")), QLineEdit::LeadingPosition);
+    m_words->installEventFilter(this);
     connect(m_words, &QLineEdit::textChanged, this, &PalettePanel::setWords);
     connect(m_words, &QLineEdit::returnPressed, this, [this] { place(firstWidget({})); });
 }
@@ -83,6 +88,26 @@ void PalettePanel::buildTree()
         shortcut->setContext(Qt::WidgetShortcut);
         connect(shortcut, &QShortcut::activated, this, &PalettePanel::placeCurrent);
     }
+}
+
+void PalettePanel::resizeEvent(QResizeEvent *event)
+{
+    m_tree->setColumnHidden(PaletteModel::VersionColumn, width() < leastWidthWithVersions);
+    QWidget::resizeEvent(event);
+}
+
+// Escape clears the words; without any it is for the window.
+bool PalettePanel::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isKey =
+        event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!isKey || m_words->text().isEmpty() ||
+        static_cast<QKeyEvent *>(event)->key() != Qt::Key_Escape)
+        return QWidget::eventFilter(watched, event);
+    event->accept();
+    if (event->type() == QEvent::KeyPress)
+        m_words->clear();
+    return true;
 }
 
 void PalettePanel::setLanguage(const QString &code)

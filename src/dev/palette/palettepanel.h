@@ -32,6 +32,10 @@ public:
 Q_SIGNALS:
     void placeRequested(const QString &widgetId, const QString &version);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void buildFilter();
     void buildTree();

@@ -1,5 +1,6 @@
 #include "palette/widgeticons.h"
 
+#include "scene/page.h"
 #include "session/pluginsession.h"
 #include "session/widgetsample.h"
 #include "window/icons.h"
@@ -15,6 +16,7 @@
 namespace NARV::DEV {
 
 static const int pictureSize = 96; //!< pixels; shown smaller, sharp on dense screens too
+static const int cornerRadius = 8;
 
 static QIcon generalIcon()
 {
@@ -59,7 +61,7 @@ void WidgetIcons::makeNext()
     Q_EMIT made(key);
 }
 
-//! The item in the middle of a square.
+//! The item in the middle of a square, on the page's colour, for it may be as dark as the tree.
 static QIcon picture(GraphicsObject &item)
 {
     QGraphicsScene scene;
@@ -68,6 +70,9 @@ static QIcon picture(GraphicsObject &item)
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Page().background);
+    painter.drawRoundedRect(pixmap.rect(), cornerRadius, cornerRadius);
     const QRectF area = item.boundingRect();
     const QSizeF shown = area.size().scaled(pixmap.size(), Qt::KeepAspectRatio);
     QRectF target(QPointF(), shown);

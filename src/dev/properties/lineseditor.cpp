@@ -37,7 +37,10 @@ QString LinesEditor::text() const
 void LinesEditor::setValue(const QVariant &value)
 {
     m_edit->setPlainText(write(value));
-    m_edit->selectAll();
+    QTextCursor all(m_edit->document()); // from the end, so that the first line is in view
+    all.movePosition(QTextCursor::End);
+    all.movePosition(QTextCursor::Start, QTextCursor::KeepAnchor);
+    m_edit->setTextCursor(all);
     setModified(false);
 }
 

@@ -118,6 +118,16 @@ static void mute(QStyleOptionViewItem &option)
                                    (text.blue() + base.blue()) / 2));
 }
 
+//! The name first, as a long value is cut off at its end. A long name leaves room for the value.
+static QString withBinding(const QStyleOptionViewItem &option, const QString &name)
+{
+    const QString value = QStringLiteral(" → ") + option.text;
+    const QFontMetrics metrics(option.font);
+    const int width = option.rect.width() - rowMargin;
+    const int room = qMax(width - metrics.horizontalAdvance(value), width * 2 / 3);
+    return metrics.elidedText(name, Qt::ElideMiddle, room) + value;
+}
+
 static QIcon bindingIcon(const QModelIndex &index)
 {
     if (!index.data(PropertyModel::BindableRole).toBool())
@@ -139,7 +149,7 @@ void PropertyDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
     if (!isGroup && (option->font.italic() || isFixed))
         mute(*option);
     if (isValue && !binding.isEmpty() && option->text != binding)
-        option->text += QStringLiteral("  ← ") + binding;
+        option->text = withBinding(*option, binding);
     if (index.column() != PropertyModel::TagColumn)
         return;
     option->icon = bindingIcon(index);

@@ -211,10 +211,12 @@ QString PropertyModel::toolTip(const PropertyItem &item) const
 {
     if (!item.field.isValid())
         return item.part.name.toHtmlEscaped();
-    const ValueKind &kind = item.owner().part.kind;
-    const QString tip = fieldToolTip(item.field, kind, m_source.language());
+    const ValuePart &owner = item.owner().part;
+    const bool isFontOfText = item.owner().valueId == fontId(item.field.id());
+    const QString tip = isFontOfText ? fontToolTip(item.field, owner.name)
+                                     : fieldToolTip(item.field, owner.kind, m_source.language());
     const QString why = reason(item.field.id());
-    return why.isEmpty() ? tip : tip + tr("<br/><i>Hidden: %1</i>").arg(why.toHtmlEscaped());
+    return why.isEmpty() ? tip : tr("<i>Hidden: %1</i><br/>").arg(why.toHtmlEscaped()) + tip;
 }
 
 QVariant PropertyModel::data(const QModelIndex &index, int role) const
@@ -289,7 +291,7 @@ QVariant PropertyModel::valueData(const PropertyItem &item, int role) const
     const bool isReference = kind.type == FieldType::Tag || kind.type == FieldType::Trend;
     switch (role) {
     case Qt::DisplayRole:
-        return valueText(value(), kind);
+        return shortValueText(value(), kind);
     case Qt::EditRole:
         return value();
     case Qt::DecorationRole:
@@ -349,6 +351,9 @@ bool PropertyModel::setEdited(const PropertyItem &item, const QVariant &edited)
     const bool isList = taken.userType() == QMetaType::QStringList;
     write(item, isList ? withEditedList(before, taken.toStringList(), m_source.language())
                        : withLanguage(before, taken, m_source.language()));
+    const QString tag = m_source.binding(item.owner().valueId);
+    if (m_source.isDriven(tag))
+        Q_EMIT notice(tr("The tag %1 is driven by its generator; set the tag by hand.").arg(tag));
     return true;
 }
 

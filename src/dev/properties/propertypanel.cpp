@@ -9,6 +9,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -16,6 +18,7 @@
 namespace NARV::DEV {
 
 static constexpr int infoLines = 4;
+static constexpr int leastWidth = 220;
 static constexpr int pageWithTree = 0;
 static constexpr int emptyPage = 1;
 
@@ -38,9 +41,12 @@ PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
     , m_kind(new QLabel(this))
     , m_search(new QLineEdit(this))
     , m_view(nullptr)
+    , m_noMatch(new QLabel(this))
     , m_pages(new QStackedLayout)
     , m_info(new QLabel(this))
+    , m_infoArea(new QScrollArea(this))
 {
+    setMinimumWidth(leastWidth);
     m_filter.setSourceModel(&m_model);
     m_view = new PropertyView(m_model, m_filter, this);
     auto *tree = new QWidget(this);
@@ -51,28 +57,30 @@ PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
     layout->addWidget(m_kind);
     layout->addWidget(makeTools());
     layout->addWidget(m_view, 1);
-    layout->addWidget(m_info);
+    layout->addWidget(m_noMatch, 1);
+    layout->addWidget(makeInfo());
     m_pages->addWidget(tree);
     m_pages->addWidget(makeEmptyState());
     setLayout(m_pages);
 
     QFont strong = m_name->font();
     strong.setBold(true);
+    m_name->setWordWrap(true);
+    m_name->setObjectName(QStringLiteral("widgetName"));
     m_name->setFont(strong);
     for (QLabel *label : {m_name, m_kind}) {
         label->setTextFormat(Qt::PlainText);
         label->setMinimumWidth(0);
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
-    m_info->setObjectName(QStringLiteral("propertyInfo"));
-    m_info->setWordWrap(true);
-    m_info->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    m_info->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    m_info->setFixedHeight(infoLines * m_info->fontMetrics().lineSpacing());
 
     connect(&m_model, &QAbstractItemModel::modelReset, this, &PropertyPanel::showWidget);
-    connect(&source, &PropertySource::geometryChanged, m_name,
-            [this] { m_name->setText(m_source.name()); });
+    connect(&m_filter, &QAbstractItemModel::modelReset, this, &PropertyPanel::showMatches);
+    connect(&m_filter, &QAbstractItemModel::rowsInserted, this, &PropertyPanel::showMatches);
+    connect(&m_filter, &QAbstractItemModel::rowsRemoved, this, &PropertyPanel::showMatches);
+    connect(m_search, &QLineEdit::textChanged, this, &PropertyPanel::showMatches);
+    for (auto signal : {&PropertySource::geometryChanged, &PropertySource::nameChanged})
+        connect(&source, signal, this, &PropertyPanel::showName);
     connect(&m_model, &PropertyModel::notice, this,
             [this](const QString &text) { say(text.toHtmlEscaped(), true); });
     connect(m_view, &PropertyView::refused, this,
@@ -80,6 +88,7 @@ PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
     connect(m_view, &PropertyView::currentRowChanged, this, &PropertyPanel::describe);
     setFocusProxy(m_view);
     showWidget();
+    showMatches();
 }
 
 QToolButton *PropertyPanel::addButton(const char *icon, const QString &name, bool isCheckable)
@@ -136,6 +145,35 @@ QWidget *PropertyPanel::makeEmptyState()
     return label;
 }
 
+// A long text is scrolled, so that the tree does not jump from row to row.
+QWidget *PropertyPanel::makeInfo()
+{
+    m_noMatch->setObjectName(QStringLiteral("noMatch"));
+    m_noMatch->setTextFormat(Qt::PlainText);
+    m_noMatch->setWordWrap(true);
+    m_noMatch->setAlignment(Qt::AlignCenter);
+    m_info->setObjectName(QStringLiteral("propertyInfo"));
+    m_info->setWordWrap(true);
+    m_info->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    m_infoArea->setWidget(m_info);
+    m_infoArea->setWidgetResizable(true);
+    m_infoArea->setAccessibleName(tr("About the field"));
+    m_infoArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_infoArea->setStyleSheet(
+        QStringLiteral("QScrollArea { border: 1px solid transparent; }"
+                       "QScrollArea:focus { border-color: palette(highlight); }"));
+    m_infoArea->setFixedHeight(infoLines * m_info->fontMetrics().lineSpacing() + 2);
+    return m_infoArea;
+}
+
+void PropertyPanel::showName()
+{
+    if (!m_source.hasWidget())
+        return;
+    m_name->setText(m_source.name());
+    m_name->setToolTip(m_name->text());
+}
+
 void PropertyPanel::showWidget()
 {
     m_pages->setCurrentIndex(m_source.hasWidget() ? pageWithTree : emptyPage);
@@ -143,12 +181,21 @@ void PropertyPanel::showWidget()
     if (!m_source.hasWidget())
         return;
     const WidgetMetaInformation &widget = m_source.description();
-    m_name->setText(m_source.name());
+    showName();
     m_kind->setText(widget.isValid() ? tr("%1, version %2")
                                            .arg(widget.display().get(m_source.language(), true),
                                                 widget.version().version())
                                      : tr("The open library does not have this widget"));
     m_kind->setToolTip(widget.description().get(m_source.language(), true));
+}
+
+// The tree would be empty without a word.
+void PropertyPanel::showMatches()
+{
+    const bool isEmpty = m_filter.rowCount() == 0;
+    m_noMatch->setText(tr("No field fits \"%1\".").arg(m_search->text()));
+    m_noMatch->setVisible(isEmpty);
+    m_view->setVisible(!isEmpty);
 }
 
 void PropertyPanel::describe(const QModelIndex &index)
@@ -161,6 +208,7 @@ void PropertyPanel::say(const QString &text, bool isProblem)
     m_info->setText(isProblem ? QStringLiteral("<b>⚠ %1</b>").arg(text) : text);
     m_info->setAccessibleName(text);
     m_info->setToolTip(text);
+    m_infoArea->verticalScrollBar()->setValue(0);
 }
 
 void PropertyPanel::search()

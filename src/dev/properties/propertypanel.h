@@ -9,6 +9,7 @@
 
 class QLabel;
 class QLineEdit;
+class QScrollArea;
 class QStackedLayout;
 class QToolButton;
 
@@ -47,7 +48,10 @@ private:
     QToolButton *addButton(const char *icon, const QString &name, bool isCheckable);
     QWidget *makeTools();
     QWidget *makeEmptyState();
+    QWidget *makeInfo();
+    void showName();
     void showWidget();
+    void showMatches();
     void describe(const QModelIndex &index);
     void say(const QString &text, bool isProblem);
 
@@ -59,8 +63,10 @@ private:
     QLabel *m_kind;
     QLineEdit *m_search;
     PropertyView *m_view;
+    QLabel *m_noMatch; // in place of the tree
     QStackedLayout *m_pages;
     QLabel *m_info;
+    QScrollArea *m_infoArea;
 };
 
 } // namespace NARV::DEV

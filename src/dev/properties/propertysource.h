@@ -41,7 +41,7 @@ public:
 
     //! False while there is no widget to show; then the rest is of no meaning.
     virtual bool hasWidget() const = 0;
-    //! The name on the page.
+    //! The name on the page, and how many others are selected with it.
     virtual QString name() const = 0;
     //! Invalid for a widget that the library does not have.
     virtual const WidgetMetaInformation &description() const = 0;
@@ -60,6 +60,8 @@ public:
     virtual Geometry geometry() const = 0;
     virtual QVector<TagName> tags() const = 0;
     virtual QStringList trends() const = 0;
+    //! A running generator overwrites what is written to the tag.
+    virtual bool isDriven(const QString &) const { return false; }
 
     virtual void setValue(const QString &id, const QVariant &value) = 0;
     virtual void reset(const QString &id) = 0;
@@ -72,6 +74,7 @@ Q_SIGNALS:
     //! A value or a binding is another, whoever caused it.
     void valueChanged(const QString &id);
     void geometryChanged();
+    void nameChanged();
     //! Another widget, another description or another language.
     void replaced();
 };

@@ -1,5 +1,6 @@
 #include "properties/sceneproperties.h"
 
+#include "data/simulationclock.h"
 #include "data/tagtable.h"
 #include "data/testdata.h"
 #include "data/trendstore.h"
@@ -14,8 +15,10 @@ SceneProperties::SceneProperties(SceneDocument &document, QObject *parent)
     : PropertySource(parent)
     , m_document(document)
 {
-    connect(&document, &SceneDocument::selectionChanged, this,
-            [this] { follow(m_document.currentWidget()); });
+    connect(&document, &SceneDocument::selectionChanged, this, [this] {
+        follow(m_document.currentWidget());
+        Q_EMIT nameChanged();
+    });
     connect(&document, &SceneDocument::languageChanged, this, &PropertySource::replaced);
     connect(&document, &SceneDocument::widgetAboutToBeRemoved, this, [this](PlacedWidget *widget) {
         if (widget == m_widget)
@@ -41,7 +44,9 @@ void SceneProperties::follow(PlacedWidget *widget)
 
 QString SceneProperties::name() const
 {
-    return m_widget->name();
+    const int count = m_document.selection().size();
+    return count < 2 ? m_widget->name()
+                     : tr("%1 (1 of %2 selected)").arg(m_widget->name()).arg(count);
 }
 
 const WidgetMetaInformation &SceneProperties::description() const
@@ -108,6 +113,14 @@ QVector<TagName> SceneProperties::tags() const
 QStringList SceneProperties::trends() const
 {
     return m_document.testData().trends().names();
+}
+
+bool SceneProperties::isDriven(const QString &tag) const
+{
+    const TagTable &table = m_document.testData().tags();
+    const int row = table.find(tag);
+    return row >= 0 && table.tag(row).generator.kind != GeneratorKind::None &&
+           m_document.testData().clock().isRunning();
 }
 
 void SceneProperties::setValue(const QString &id, const QVariant &value)

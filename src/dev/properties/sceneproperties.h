@@ -32,6 +32,7 @@ public:
     Geometry geometry() const override;
     QVector<TagName> tags() const override;
     QStringList trends() const override;
+    bool isDriven(const QString &tag) const override;
 
     void setValue(const QString &id, const QVariant &value) override;
     void reset(const QString &id) override;

@@ -82,7 +82,11 @@ static QString nameOrNone(const QString &name)
 
 static QString imageText(const QVariant &value, const ValueKind &)
 {
-    return nameOrNone(QFileInfo(value.toString()).fileName());
+    const QFileInfo file(value.toString());
+    const QString name = nameOrNone(file.fileName());
+    if (value.toString().isEmpty() || file.exists())
+        return name;
+    return translated(QT_TRANSLATE_NOOP("ValueTexts", "%1 (missing)")).arg(name);
 }
 
 static QString referenceText(const QVariant &value, const ValueKind &)
@@ -119,6 +123,18 @@ QString valueText(const QVariant &value, const ValueKind &kind)
     if (!value.isValid() && !mayBeNone)
         return translated(QT_TRANSLATE_NOOP("ValueTexts", "(no value)"));
     return writers[kind.type](value, kind);
+}
+
+QString shortValueText(const QVariant &value, const ValueKind &kind)
+{
+    static constexpr int digits = 6;
+    const QString text = valueText(value, kind);
+    if (kind.type != FieldType::Double || !value.isValid() || text.size() <= digits + 2)
+        return text;
+    const double number = value.toDouble();
+    const QString fixed = QString::number(number, 'f', 0); // all digits before the point stay
+    const bool isWhole = fixed.size() > digits && fixed.size() < text.size();
+    return isWhole ? fixed : QString::number(number, 'g', digits);
 }
 
 //! A checkerboard shines through what is transparent.
@@ -195,6 +211,15 @@ static QString defaultText(const FieldMetaInformation &field, const ValueKind &k
 {
     const QVariant value = inLanguage(field.defaultValue(), language);
     return value.isValid() ? valueText(value, kind) : QString();
+}
+
+QString fontToolTip(const FieldMetaInformation &field, const QString &label)
+{
+    const QVariant font = field.defaultFont();
+    return QStringLiteral("<b>%1</b> (font)").arg(label.toHtmlEscaped()) +
+           line(QT_TRANSLATE_NOOP("ValueTexts", "Id:"), fontId(field.id())) +
+           line(QT_TRANSLATE_NOOP("ValueTexts", "Default:"), fontText(font, {})) +
+           line(QT_TRANSLATE_NOOP("ValueTexts", "Only if:"), field.requirements());
 }
 
 QString fieldToolTip(const FieldMetaInformation &field, const ValueKind &kind,

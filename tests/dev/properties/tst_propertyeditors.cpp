@@ -10,6 +10,8 @@
 #include <QApplication>
 #include <QKeySequence>
 #include <QLabel>
+#include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -64,7 +66,7 @@ static const struct
     {"color", "color", "F2 # 8 0 f f 0 0 0 1 Return", "#80FF0001"},
     {"color by name", "color", "r e d Return", "#FF0000"},
     {"font", "font", "F2 Tab 1 2 Tab Space Tab Tab Space Return", "Roboto, 12, bold, underlined"},
-    {"image", "image", "F2 / n o / a . p n g Return", "a.png"},
+    {"image", "image", "F2 / n o / a . p n g Return", "a.png (missing)"},
     {"tag", "tag", "F2 Down Return", "level"},
     {"tag by type", "tag", "F2 s t r Return", "recipe"},
     {"trend", "trend", "F2 l o g Return", "log"},
@@ -102,6 +104,7 @@ private Q_SLOTS:
     void resetByKey();
     void bindingByKey();
     void theWidgetWritesMeanwhile();
+    void linesBeginAtTheFirst();
     void losingTheFocusTakesTheValue();
     void keysComeBeforeTheWindowsShortcuts();
 
@@ -253,6 +256,19 @@ void tst_PropertyEditors::theWidgetWritesMeanwhile()
     panel.source.setValue(u("text"), u("again")); // nothing is typed yet
     panel.press("Return");
     QCOMPARE(panel.text("text"), u("again"));
+}
+
+void tst_PropertyEditors::linesBeginAtTheFirst()
+{
+    Panel panel;
+    panel.source.setValue(u("list"), u("a b c d e f g h i j k l").split(u(" ")));
+    panel.choose("list");
+    panel.press("F2");
+    const auto *edit = panel.editor()->findChild<QPlainTextEdit *>();
+    QTRY_VERIFY(edit->verticalScrollBar()->maximum() > 0);
+    QCOMPARE(edit->verticalScrollBar()->value(), 0);
+    panel.press("x Ctrl+Return");
+    QCOMPARE(panel.text("list"), u("x"));
 }
 
 void tst_PropertyEditors::losingTheFocusTakesTheValue()

@@ -130,6 +130,13 @@ void tst_PropertyModel::readOnlyFields()
     tree.model.reset(state);
     tree.source.setValue(u("state"), 2.25); // as the widget does
     QCOMPARE(tree.text("state"), u("2.25"));
+    for (const char *number : {"88.3308 88.3308108213", "1234568 1234567.890625"}) {
+        const QStringList texts = u(number).split(u(" "));
+        tree.source.setValue(u("state"), texts[1].toDouble());
+        QCOMPARE(tree.text("state"), texts[0]);
+        QCOMPARE(state.data(Qt::EditRole).toDouble(), texts[1].toDouble());
+    }
+    tree.source.setValue(u("state"), 2.25);
     tree.model.reset(state);
     QCOMPARE(tree.text("state"), u("2.25"));
 }
@@ -150,6 +157,9 @@ void tst_PropertyModel::changedAndReset()
     QVERIFY(!isBold(tree.part("label.font", 1)));
     tree.model.reset(tree.part("label.font", 2));
     QVERIFY(!tree.source.isChanged(u("label.font")));
+    const QString tip = tree.model.indexOf(u("label.font")).data(Qt::ToolTipRole).toString();
+    for (const char *fact : {"Label: font", "label.font", "Default: Roboto, 10"})
+        QVERIFY2(tip.contains(u(fact)), qPrintable(tip));
     tree.model.reset(limit);
     QCOMPARE(tree.text("limit"), u("5"));
     QVERIFY(!isBold(limit));
@@ -166,7 +176,8 @@ void tst_PropertyModel::requirementsHideRows()
     QCOMPARE(tree.model.reason(u("mark")), u("\"show\" is \"false\", not \"true\""));
     filter.setShowHidden(true);
     QVERIFY(names(filter).contains(u("Marks")));
-    QVERIFY(tree.model.indexOf(u("mark")).data(Qt::ToolTipRole).toString().contains(u("Hidden:")));
+    QVERIFY(
+        tree.model.indexOf(u("mark")).data(Qt::ToolTipRole).toString().startsWith(u("<i>Hidden:")));
     filter.setShowHidden(false);
     tree.source.reset(u("show"));
     QVERIFY(names(filter).contains(u("Marks")));

@@ -1,6 +1,7 @@
 #include "guardedtest.h"
 
 #include "console/eventlog.h"
+#include "data/simulationclock.h"
 #include "data/tagtable.h"
 #include "data/testdata.h"
 #include "properties/propertypanel.h"
@@ -11,6 +12,8 @@
 #include <NARV/WidgetPrivate>
 
 #include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
 
 #include <memory>
 
@@ -30,6 +33,7 @@ private Q_SLOTS:
     void theWidgetsOwnWrites();
     void requirementsFollowValues();
     void tagsOfTheMachine();
+    void searchWithoutMatch();
 
 private:
     struct Bench
@@ -100,7 +104,12 @@ void tst_PropertyPanel::followsTheSelection()
     QVERIFY(!m_bench->model().indexOf(u("needleStyle")).isValid());
     m_bench->document.select({&gauge});
     QVERIFY(m_bench->model().indexOf(u("needleStyle")).isValid());
+    const auto *name = m_bench->panel.findChild<QLabel *>(u("widgetName"));
+    QCOMPARE(name->text(), gauge.name());
+    m_bench->document.select(m_bench->document.widgets());
+    QVERIFY(name->text().endsWith(u(" (1 of 2 selected)")));
     m_bench->document.remove({&gauge});
+    QVERIFY(!name->text().contains(u("selected")));
     QVERIFY(!m_bench->model().indexOf(u("needleStyle")).isValid());
     m_bench->document.select({});
     QVERIFY(empty->isVisibleTo(&m_bench->panel));
@@ -163,6 +172,32 @@ void tst_PropertyPanel::tagsOfTheMachine()
     QCOMPARE(kind.choices[0].text, u("running"));
     QVERIFY(m_bench->set("interlockTag", u("running")));
     QCOMPARE(selector.binding(u("interlockTag")), u("running"));
+    m_bench->place("gauge");
+    QVERIFY(m_bench->set("value", 3));
+    m_bench->document.bind(*m_bench->document.currentWidget(), u("value"), u("level"));
+    GeneratorSettings sine;
+    sine.kind = GeneratorKind::Sine;
+    QSignalSpy notices(&m_bench->model(), &PropertyModel::notice);
+    for (const bool isRunning : {false, true}) {
+        m_bench->data.tags().setGenerator(m_bench->data.tags().find(u("level")), sine);
+        m_bench->data.clock().setRunning(isRunning);
+        QVERIFY(m_bench->set("value", 4));
+        QCOMPARE(notices.size(), isRunning ? 1 : 0);
+    }
+}
+
+// The search stays for the next widget, which may have nothing that fits.
+void tst_PropertyPanel::searchWithoutMatch()
+{
+    const auto *hint = m_bench->panel.findChild<QLabel *>(u("noMatch"));
+    m_bench->place("gauge");
+    QTest::keyClicks(m_bench->panel.findChild<QLineEdit *>(u("propertySearch")), u("needle"));
+    QVERIFY(hint->isHidden());
+    m_bench->place("lamp");
+    QVERIFY(!hint->isHidden());
+    QCOMPARE(hint->text(), u("No field fits \"needle\"."));
+    m_bench->panel.findChild<QLineEdit *>(u("propertySearch"))->clear();
+    QVERIFY(hint->isHidden());
 }
 
 QTEST_MAIN(tst_PropertyPanel)
