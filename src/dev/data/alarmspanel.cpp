@@ -34,11 +34,12 @@ AlarmsPanel::AlarmsPanel(TestData &testData)
     addActionButtons();
     setDetails(m_editor);
     QHeaderView *header = table().horizontalHeader();
-    header->resizeSection(AlarmTable::NameColumn, 90);
+    header->resizeSection(AlarmTable::NameColumn, 95);
     const QString &usual = alarmStateNames().at(AlarmInfo::StateTriggeredNotAcknowledged);
     header->resizeSection(AlarmTable::StateColumn, fontMetrics().horizontalAdvance(usual) + 12);
     header->resizeSection(AlarmTable::SeverityColumn, 85);
     header->resizeSection(AlarmTable::CauseColumn, 80);
+    header->resizeSection(AlarmTable::TimeColumn, 70);
     connect(m_editor, &AlarmEditor::edited, this, [this](const Alarm &alarm) {
         if (currentRow() >= 0)
             m_data.alarms().edit(currentRow(), alarm);

@@ -21,6 +21,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTableView>
@@ -416,6 +417,12 @@ void tst_DataPanels::controlsHaveNamesAndFit()
         showPanel(*panel, {260, 620});
         QVERIFY2(fits(*panel), qPrintable(panel->objectName()));
     }
+    showPanel(alarms, {935, 320});
+    QCoreApplication::processEvents();
+    const auto *table = find<QTableView>(alarms, "alarmsTable");
+    QVERIFY(!table->horizontalScrollBar()->isVisible());
+    QVERIFY(table->columnWidth(AlarmTable::StateColumn) >
+            table->fontMetrics().horizontalAdvance(u("triggered, not acknowledged")));
     for (const GeneratorInfo &info : generators()) {
         choose(tags, "generator.kind", int(info.kind));
         QCoreApplication::processEvents();
