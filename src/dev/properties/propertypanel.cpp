@@ -86,7 +86,6 @@ PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
     connect(m_view, &PropertyView::refused, this,
             [this](const QString &text) { say(text.toHtmlEscaped(), true); });
     connect(m_view, &PropertyView::currentRowChanged, this, &PropertyPanel::describe);
-    setFocusProxy(m_view);
     showWidget();
     showMatches();
 }
@@ -178,6 +177,7 @@ void PropertyPanel::showWidget()
 {
     m_pages->setCurrentIndex(m_source.hasWidget() ? pageWithTree : emptyPage);
     m_info->clear();
+    leadFocus();
     if (!m_source.hasWidget())
         return;
     const WidgetMetaInformation &widget = m_source.description();
@@ -196,6 +196,14 @@ void PropertyPanel::showMatches()
     m_noMatch->setText(tr("No field fits \"%1\".").arg(m_search->text()));
     m_noMatch->setVisible(isEmpty);
     m_view->setVisible(!isEmpty);
+    leadFocus();
+}
+
+// Tab does not get past a proxy that is hidden.
+void PropertyPanel::leadFocus()
+{
+    const bool hasRows = m_source.hasWidget() && m_filter.rowCount() > 0;
+    setFocusProxy(hasRows ? m_view : nullptr);
 }
 
 void PropertyPanel::describe(const QModelIndex &index)

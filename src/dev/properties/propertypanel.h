@@ -52,6 +52,7 @@ private:
     void showName();
     void showWidget();
     void showMatches();
+    void leadFocus();
     void describe(const QModelIndex &index);
     void say(const QString &text, bool isProblem);
 

@@ -63,7 +63,7 @@ FailureCard::FailureCard(QWidget *parent)
     m_advice = addLabel(layout, QStringLiteral("advice"), tr("What to do next"));
     m_buttons = new QBoxLayout(QBoxLayout::TopToBottom);
     layout->addLayout(m_buttons);
-    m_retry = addButton(m_buttons, QStringLiteral("retry"), "reload", tr("&Retry"));
+    m_retry = addButton(m_buttons, QStringLiteral("retry"), "reload", tr("Re&try"));
     m_anyway = addButton(m_buttons, QStringLiteral("loadAnyway"), "warning", tr("&Load anyway"));
     m_another = addButton(m_buttons, QStringLiteral("openAnother"), "open", tr("Open a&nother..."));
     connect(m_retry, &QPushButton::clicked, this,

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void cleanup();
     void firstMinute();
     void keysBelongToWhatHasTheFocus();
+    void tabLeadsThroughTheWindow();
     void failedLoad();
     void reloadKeepsThePage();
     void unsavedWorkIsOfferedAgain();
@@ -231,6 +232,24 @@ void tst_TestBenchWindow::keysBelongToWhatHasTheFocus()
     QCOMPARE(m_bench->widgetNames().size(), 2);
     press("Del");
     QCOMPARE(m_bench->widgetNames().size(), 1);
+}
+
+// With the property panel empty and full.
+void tst_TestBenchWindow::tabLeadsThroughTheWindow()
+{
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    auto &words = *part<QWidget>("palettePanel").findChild<QLineEdit *>(u("words"));
+    auto &tags = part<QTableView>("tagsTable");
+    for (int widgets = 0; widgets < 2; ++widgets) {
+        words.setFocus();
+        bool meetsTags = false;
+        for (int i = 0; i < 200 && !(meetsTags && words.hasFocus()); ++i) {
+            press("Tab");
+            meetsTags |= tags.hasFocus();
+        }
+        QVERIFY(meetsTags && words.hasFocus());
+        m_bench->placeWidget(u("lamp"), {}, {100, 100});
+    }
 }
 
 void tst_TestBenchWindow::failedLoad()
