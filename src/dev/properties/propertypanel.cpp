@@ -158,9 +158,8 @@ QWidget *PropertyPanel::makeInfo()
     m_infoArea->setWidgetResizable(true);
     m_infoArea->setAccessibleName(tr("About the field"));
     m_infoArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_infoArea->setStyleSheet(
-        QStringLiteral("QScrollArea { border: 1px solid transparent; }"
-                       "QScrollArea:focus { border-color: palette(highlight); }"));
+    m_infoArea->setFrameStyle(int(QFrame::NoFrame) | int(QFrame::Plain));
+    m_infoArea->installEventFilter(this); // shows the focus
     m_infoArea->setFixedHeight(infoLines * m_info->fontMetrics().lineSpacing() + 2);
     return m_infoArea;
 }
@@ -234,7 +233,12 @@ void PropertyPanel::editField(const QString &fieldId)
 // From the line to search straight on to what it has found.
 bool PropertyPanel::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Down)
+    const bool comes = event->type() == QEvent::FocusIn;
+    if (watched == m_infoArea && (comes || event->type() == QEvent::FocusOut))
+        m_infoArea->setFrameShape(comes ? QFrame::Box : QFrame::NoFrame);
+    const bool isDown =
+        event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down;
+    if (watched == m_infoArea || !isDown)
         return QWidget::eventFilter(watched, event);
     m_view->setFocus();
     return true;
