@@ -4,6 +4,7 @@
 //   host <plugins folder> [<widget id>] [--editor] [--render <file.png>]
 
 #include "plant.h"
+#include "startvalue.h"
 
 #include <NARV/GraphicsObject>
 #include <NARV/INTERNAL/GraphicsObjectPrivateAccessor>
@@ -31,28 +32,6 @@
 
 using namespace NARV::INTERNAL;
 using Library = WidgetLibraryPluginMetaInformation;
-using Text = PluginMetaInformation::TranslationStringType;
-
-//! A default value as a widget takes it: texts in one language.
-static QVariant inEnglish(const QVariant &value)
-{
-    const auto english = [](const Text &text) { return text.get("en-US", true); };
-    if (value.userType() == qMetaTypeId<Text>())
-        return english(value.value<Text>());
-    if (value.userType() == qMetaTypeId<QList<Text>>()) {
-        QStringList texts;
-        for (const Text &text : value.value<QList<Text>>())
-            texts += english(text);
-        return texts;
-    }
-    if (value.userType() != qMetaTypeId<QMap<int, Text>>())
-        return value;
-    QMap<int, QString> texts;
-    const auto all = value.value<QMap<int, Text>>();
-    for (auto it = all.begin(); it != all.end(); ++it)
-        texts.insert(it.key(), english(*it));
-    return QVariant::fromValue(texts);
-}
 
 //! One scene with widgets, attached to the plant. Goes before the plant and the libraries do.
 class Page
@@ -123,7 +102,8 @@ private:
         for (const auto &field : info.fields()) {
             if (field.isMultiLanguageText())
                 widget->setFieldValue(field.id() + ".font", field.defaultFont(), true, false);
-            widget->setFieldValue(field.id(), inEnglish(field.defaultValue()), true, false);
+            widget->setFieldValue(field.id(), startValue(field.defaultValue(), "en-US"), true,
+                                  false);
             const QString tag = Plant::tagOf(info.id(), field.id());
             if (tag.isEmpty() || m_plant->isInsideProjectEditor())
                 continue;

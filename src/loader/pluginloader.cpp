@@ -3,23 +3,32 @@
 #include "core/currentexception_p.h"
 #include "core/uuidtext_p.h"
 #include "loader/platform.h"
-#include "loader/pluginlibrary_p.h"
 #include "loader/widgetlibraryplugindata.h"
 
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
+#include <NARV/INTERNAL/WidgetLibraryPluginUtils>
 #include <NARV/LogHandler>
 #include <NARV/WidgetLibraryPlugin>
 
 #include <QDir>
 #include <QDirIterator>
-
-#include <utility>
-#include <vector>
+#include <QElapsedTimer>
+#include <QPluginLoader>
 
 namespace NARV::INTERNAL {
 
 static constexpr char generalCategory[] = "GENERAL";
 static constexpr char loadingCategory[] = "PLUGIN_LOADING";
+static const QLatin1String interfaceIdKey("IID");
+static const QLatin1String interfaceId("org.Mirt.NARV.WidgetLibrary");
+static constexpr double millisecondsPerNanosecond = 0.000001;
+
+class PluginLoaderPrivate
+{
+public:
+    bool inited = false;
+    QMap<QString, PluginData *> pluginData;
+};
 
 using Level = Debug (LogHandler::*)() const;
 
@@ -29,53 +38,73 @@ static void log(Level level, const char *category, const QString &source, const 
     (handler.*level)().debug().noquote() << message;
 }
 
-class PluginLoaderPrivate
+//! Reports why a library is not loaded; always false.
+static bool refuse(const QString &message)
 {
-public:
-    void tell(Level level, const QString &source, const QString &message);
-    bool isDisabled(const QFileInfo &folder, const QStringList &disabledPluginIds);
-    //! Load the library of a plugin; null if that fails, which has been reported then.
-    std::unique_ptr<PluginLibrary> loadFolder(const QFileInfo &folder);
-    std::unique_ptr<PluginLibrary> loadLibrary(const QString &libraryPath,
-                                               const QString &expectedId);
-    //! Reads the description of a library and keeps a record of its plugin. False if the library is
-    //! null or malformed.
-    bool keep(std::unique_ptr<PluginLibrary> library);
-    //! False if one of those that wait is malformed.
-    bool keepWaiting();
-
-    bool inited = false;
-    QMap<QString, PluginData *> pluginData;
-    //! Loaded, but not yet described.
-    std::vector<std::unique_ptr<PluginLibrary>> waiting;
-    bool allAreKept = true; //!< of those that waited
-
-private:
-    bool refuse(const QString &message, const QString &source = {});
-    bool carryOut(QString (PluginLibrary::*step)(), PluginLibrary &library);
-};
-
-// In the order of the folders: first what there is to say of the plugins that wait.
-void PluginLoaderPrivate::tell(Level level, const QString &source, const QString &message)
-{
-    keepWaiting();
-    log(level, loadingCategory, source, message);
-}
-
-//! Reports why a plugin is not loaded; always false.
-bool PluginLoaderPrivate::refuse(const QString &message, const QString &source)
-{
-    tell(&LogHandler::critical, source, message);
+    log(&LogHandler::critical, loadingCategory, {}, message);
     return false;
 }
 
-//! Carries out one step of loading a library and reports what went wrong.
-bool PluginLoaderPrivate::carryOut(QString (PluginLibrary::*step)(), PluginLibrary &library)
+//! Runs plugin code, which may throw what it likes. The text says what was thrown; null if nothing.
+template<typename Code>
+static QString exceptionOf(Code code)
 {
-    const QString error = (library.*step)();
-    return error.isNull() ||
-           refuse(QStringLiteral("Error loading the plugin %1: %2").arg(library.path(), error));
+    try {
+        code();
+    } catch (...) {
+        return currentExceptionText();
+    }
+    return {};
 }
+
+namespace {
+
+//! A library on its way in. Unless somebody takes it, it is unloaded and unmapped in the end.
+class Library
+{
+public:
+    explicit Library(const QString &path)
+        : m_loader(new QPluginLoader(path))
+    {
+    }
+    Library(const Library &) = delete;
+    Library &operator=(const Library &) = delete;
+    ~Library()
+    {
+        // Also when it does not count as loaded: one without a root object is mapped all the same.
+        if (m_loader)
+            m_loader->unload();
+    }
+
+    QJsonObject metaData() const { return m_loader->metaData(); }
+    QPluginLoader *take() { return m_loader.release(); }
+
+    //! Loads the library and returns its root object; null, and why in error, if that fails.
+    QObject *instance(QString &error);
+
+private:
+    std::unique_ptr<QPluginLoader> m_loader;
+};
+
+QObject *Library::instance(QString &error)
+{
+    // By default a library stays mapped for good.
+    m_loader->setLoadHints({});
+    QObject *root = nullptr;
+    // load() counts this loader as a user of the library, which instance() does not do when
+    // another loader has it loaded already.
+    error = exceptionOf([&] {
+        if (m_loader->load())
+            root = m_loader->instance();
+    });
+    if (root && m_loader->isLoaded())
+        return root;
+    if (error.isNull())
+        error = m_loader->errorString();
+    return nullptr;
+}
+
+} // namespace
 
 PluginLoader::PluginLoader()
     : d(new PluginLoaderPrivate)
@@ -106,103 +135,92 @@ bool PluginLoader::canLoadFrom(const QString &dirPath) const
     return false;
 }
 
-//! Says so in the log when the user has disabled the plugin of that folder.
-bool PluginLoaderPrivate::isDisabled(const QFileInfo &folder, const QStringList &disabledPluginIds)
-{
-    const QString id = folder.fileName();
-    if (!isUuidText(id) || !disabledPluginIds.contains(id))
-        return false;
-    tell(&LogHandler::info, id,
-         QStringLiteral("The plugin with the id %1 (%2) will not be loaded (disabled by user)")
-             .arg(id, folder.absoluteFilePath()));
-    return true;
-}
-
-// Libraries first, then their descriptions: by turns, the code and data of either would push those
-// of the other out of the processor's caches.
 bool PluginLoader::loadFromDir(const QString &dirPath, const QStringList &disabledPluginIds)
 {
     if (!canLoadFrom(dirPath))
         return false;
     bool result = true;
-    d->allAreKept = true;
     QDirIterator folders(dirPath, QDir::Dirs | QDir::NoDotAndDotDot);
     while (folders.hasNext()) {
         folders.next();
-        if (d->isDisabled(folders.fileInfo(), disabledPluginIds))
-            continue;
-        auto library = d->loadFolder(folders.fileInfo());
-        if (library && library->hasExpectedId())
-            d->waiting.push_back(std::move(library));
-        else
-            result &= d->keep(std::move(library));
+        result &= loadFolder(folders.fileInfo(), disabledPluginIds);
     }
-    return d->keepWaiting() && result;
+    return result;
 }
 
 bool PluginLoader::loadFromPluginDir(const QString &dirPath)
 {
     // The name of a path such as "." or one that ends in a separator is that of the folder.
-    return canLoadFrom(dirPath) && d->keep(d->loadFolder(QFileInfo(QDir(dirPath).absolutePath())));
+    return canLoadFrom(dirPath) && loadFolder(QFileInfo(QDir(dirPath).absolutePath()), {});
+}
+
+bool PluginLoader::loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds)
+{
+    const QString path = folder.absoluteFilePath();
+    const QString id = folder.fileName();
+    if (!isUuidText(id))
+        return refuse(QStringLiteral("The name of the folder %1 is not a valid UUID").arg(path));
+    if (disabledPluginIds.contains(id)) {
+        log(&LogHandler::info, loadingCategory, id,
+            QStringLiteral("The plugin with the id %1 (%2) will not be loaded (disabled by user)")
+                .arg(id, path));
+        return true;
+    }
+    if (const PluginData *loaded = pluginDataByPluginId(id)) {
+        log(&LogHandler::critical, loadingCategory, id,
+            QStringLiteral("A plugin with the id %1 is already loaded from path %2. The folder %3 "
+                           "has not been loaded")
+                .arg(id, loaded->libraryPath(), path));
+        return false;
+    }
+    return loadFromPluginPath(PluginPlatform::running().libraryPath(path, id), id);
 }
 
 bool PluginLoader::loadFromPluginPath(const QString &libraryPath, const QString &expectedId)
 {
-    return isNotInited() && d->keep(d->loadLibrary(libraryPath, expectedId));
-}
-
-std::unique_ptr<PluginLibrary> PluginLoaderPrivate::loadFolder(const QFileInfo &folder)
-{
-    const QString path = folder.absoluteFilePath();
-    const QString id = folder.fileName();
-    if (!isUuidText(id)) {
-        refuse(QStringLiteral("The name of the folder %1 is not a valid UUID").arg(path));
-        return nullptr;
-    }
-    if (const PluginData *loaded = pluginData.value(id)) {
-        refuse(QStringLiteral("A plugin with the id %1 is already loaded from path %2. The folder "
-                              "%3 has not been loaded")
-                   .arg(id, loaded->libraryPath(), path),
-               id);
-        return nullptr;
-    }
-    return loadLibrary(PluginPlatform::running().libraryPath(path, id), id);
-}
-
-std::unique_ptr<PluginLibrary> PluginLoaderPrivate::loadLibrary(const QString &libraryPath,
-                                                                const QString &expectedId)
-{
-    const QString path = QFileInfo(libraryPath).absoluteFilePath();
-    auto library = std::make_unique<PluginLibrary>(path, expectedId);
-    if (!carryOut(&PluginLibrary::readMetaData, *library))
-        return nullptr;
-    // What lies in a foreign folder must not get in the way of another's translations.
-    if (!library->hasExpectedId())
-        keepWaiting();
-    return carryOut(&PluginLibrary::load, *library) ? std::move(library) : nullptr;
-}
-
-bool PluginLoaderPrivate::keep(std::unique_ptr<PluginLibrary> library)
-{
-    if (!library || !carryOut(&PluginLibrary::describe, *library))
+    QElapsedTimer timer;
+    timer.start();
+    if (!isNotInited())
         return false;
-    auto data = library->takeData();
-    const WidgetLibraryPluginMetaInformation &info = *data->metaInformation();
-    const QString id = info.id();
-    // Not before the new record stands: the old one may be of the same library.
-    const std::unique_ptr<PluginData> replaced(pluginData.value(id));
-    pluginData.insert(id, data.release());
-    tell(&LogHandler::info, id,
-         QStringLiteral("Plugin %1 (v%2) loaded, author %3")
-             .arg(id, info.version().version(), info.author()));
-    return true;
-}
 
-bool PluginLoaderPrivate::keepWaiting()
-{
-    for (auto &library : std::exchange(waiting, {}))
-        allAreKept &= keep(std::move(library));
-    return allAreKept;
+    const QString path = QFileInfo(libraryPath).absoluteFilePath();
+    const auto refuseWith = [&](const QString &reason) {
+        return refuse(QStringLiteral("Error loading the plugin %1: %2").arg(path, reason));
+    };
+    Library library(path);
+    const QJsonObject json = library.metaData();
+    const QString iid = json.value(interfaceIdKey).toString();
+    if (iid.isEmpty())
+        return refuseWith(QStringLiteral("the IID is not specified"));
+    if (iid != interfaceId)
+        return refuseWith(QStringLiteral("the IID %1 is not valid").arg(iid));
+
+    QString error;
+    QObject *root = library.instance(error);
+    if (!root)
+        return refuseWith(error);
+    auto *plugin = qobject_cast<NARV::WidgetLibraryPlugin *>(root);
+    if (!plugin)
+        return refuseWith(QStringLiteral("invalid interface"));
+
+    auto info = std::make_unique<WidgetLibraryPluginMetaInformation>();
+    const int code = WidgetLibraryPluginUtils::metaInformationFromMetaData(json, *info);
+    if (code)
+        return refuseWith(QLatin1String(WidgetLibraryPluginUtils::errorToString(code)));
+    const QString id = info->id();
+    if (!expectedId.isEmpty() && expectedId != id)
+        return refuseWith(
+            QStringLiteral("the id %1 is not equal to the folder name %2").arg(id, expectedId));
+
+    const QString loaded = QStringLiteral("Plugin %1 (v%2) loaded, author %3")
+                               .arg(id, info->version().version(), info->author());
+    const double milliseconds = double(timer.nsecsElapsed()) * millisecondsPerNanosecond;
+    // Not before the new record stands: the old one may be of the same library.
+    const std::unique_ptr<PluginData> replaced(d->pluginData.value(id));
+    d->pluginData.insert(id, new WidgetLibraryPluginData(path, library.take(), plugin,
+                                                         info.release(), milliseconds));
+    log(&LogHandler::info, loadingCategory, id, loaded);
+    return true;
 }
 
 bool PluginLoader::checkPluginDir(const QString &dirPath) const

@@ -62,7 +62,7 @@ public:
 
     //! Loads every plugin in a plugins folder but the disabled ones (ids, exactly as the folders
     //! are named). False if the folder does not exist or some plugin could not be loaded; the
-    //! others are loaded all the same. The root objects of all are made before the first record is.
+    //! others are loaded all the same.
     bool loadFromDir(const QString &dirPath, const QStringList &disabledPluginIds = {});
     //! Loads the plugin of one plugin folder.
     bool loadFromPluginDir(const QString &dirPath);
@@ -115,6 +115,7 @@ private:
 
     bool isNotInited() const;
     bool canLoadFrom(const QString &dirPath) const;
+    bool loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds);
     void notify(Hook hook);
 
     const std::unique_ptr<PluginLoaderPrivate> d;

@@ -32,7 +32,7 @@ public:
     QString studioPropertiesPath(const QString &dirPath) const;
 
 private:
-    friend class PluginLibrary;
+    friend class PluginLoader;
 
     WidgetLibraryPluginData(const QString &libraryPath, QPluginLoader *loader,
                             NARV::WidgetLibraryPlugin *instance,

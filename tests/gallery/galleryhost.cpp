@@ -1,4 +1,5 @@
 #include "galleryhost.h"
+#include "startvalue.h"
 
 #include <NARV/GraphicsObject>
 #include <NARV/GraphicsObjectPrivate>
@@ -13,7 +14,8 @@
 #include <QtMath>
 
 using namespace NARV::INTERNAL;
-using Text = PluginMetaInformation::TranslationStringType;
+
+static const QString language = QStringLiteral("de-DE");
 
 GalleryHost::GalleryHost()
 {
@@ -33,32 +35,6 @@ const GalleryHost::Library &GalleryHost::library() const
     return *gallery(m_loader)->metaInformation();
 }
 
-static QString german(const Text &text)
-{
-    return text.get(QStringLiteral("de-DE"), false);
-}
-
-//! The value of a field as a panel shows it, in German.
-static QVariant startValue(const GalleryHost::Library::FieldMetaInformation &field)
-{
-    const QVariant &value = field.defaultValue();
-    if (value.userType() == qMetaTypeId<Text>())
-        return german(value.value<Text>());
-    if (value.userType() == qMetaTypeId<QList<Text>>()) {
-        QStringList texts;
-        for (const Text &text : value.value<QList<Text>>())
-            texts += german(text);
-        return texts;
-    }
-    if (value.userType() != qMetaTypeId<QMap<int, Text>>())
-        return value;
-    QMap<int, QString> texts;
-    const auto all = value.value<QMap<int, Text>>();
-    for (auto it = all.begin(); it != all.end(); ++it)
-        texts.insert(it.key(), german(*it));
-    return QVariant::fromValue(texts);
-}
-
 NARV::WidgetPrivate *GalleryHost::place(const Key &key, const QVariantMap &values)
 {
     m_description = library().widgets()[key];
@@ -73,7 +49,7 @@ NARV::WidgetPrivate *GalleryHost::place(const Key &key, const QVariantMap &value
         if (field.isMultiLanguage())
             widget->setFieldValue(field.id() + QLatin1String(".font"), field.defaultFont(), true,
                                   false);
-        widget->setFieldValue(field.id(), startValue(field), true, false);
+        widget->setFieldValue(field.id(), startValue(field.defaultValue(), language), true, false);
     }
     for (auto it = values.begin(); it != values.end(); ++it)
         widget->setFieldValue(it.key(), *it, true, false);
