@@ -1,3 +1,4 @@
+#include "dev/scene/thrownby.h"
 #include "options.h"
 #include "picture.h"
 #include "terminal/terminal.h"
@@ -14,8 +15,6 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStyle>
-
-#include <exception>
 
 using NARV::DEV::WidgetLibraryPluginTestWidget;
 
@@ -64,21 +63,16 @@ public:
 
     bool notify(QObject *receiver, QEvent *event) override
     {
-        try {
-            return QApplication::notify(receiver, event);
-        } catch (const std::exception &exception) {
-            report(QString::fromLocal8Bit(exception.what()));
-        } catch (...) {
-            report(QStringLiteral("an exception without words"));
-        }
-        return false;
-    }
-
-private:
-    static void report(const QString &words)
-    {
-        NARV::LogHandler({}, __FILE__, __LINE__, __func__, "TESTAPP").critical().debug().noquote()
-            << "The library threw in an event of its own:" << words;
+        bool isTaken = false;
+        const QString thrown =
+            NARV::DEV::thrownBy([&] { isTaken = QApplication::notify(receiver, event); });
+        if (!thrown.isEmpty())
+            NARV::LogHandler({}, __FILE__, __LINE__, __func__, "TESTAPP")
+                    .critical()
+                    .debug()
+                    .noquote()
+                << "The library threw in an event of its own:" << thrown;
+        return isTaken;
     }
 };
 

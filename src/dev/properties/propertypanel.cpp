@@ -230,7 +230,7 @@ void PropertyPanel::editField(const QString &fieldId)
     m_view->editValue(fieldId);
 }
 
-// From the line to search straight on to what it has found.
+// Down leads from the line to search on to what it has found; the description shows its focus.
 bool PropertyPanel::eventFilter(QObject *watched, QEvent *event)
 {
     const bool comes = event->type() == QEvent::FocusIn;

@@ -2,12 +2,14 @@
 
 #include <QString>
 
+#include <zpplugin_dev_export.h>
+
 #include <functional>
 
 namespace NARV::DEV {
 
 //! Calls code of a plugin, which may throw what it likes. Returns what the exception says; empty
 //! if none came.
-QString thrownBy(const std::function<void()> &call);
+ZPPLUGIN_DEV_EXPORT QString thrownBy(const std::function<void()> &call);
 
 } // namespace NARV::DEV
