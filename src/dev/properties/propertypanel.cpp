@@ -184,7 +184,7 @@ void PropertyPanel::showWidget()
     m_kind->setText(widget.isValid() ? tr("%1, version %2")
                                            .arg(widget.display().get(m_source.language(), true),
                                                 widget.version().version())
-                                     : tr("The open library does not have this widget"));
+                                     : m_source.missingReason());
     m_kind->setToolTip(widget.description().get(m_source.language(), true));
 }
 

@@ -45,6 +45,8 @@ public:
     virtual QString name() const = 0;
     //! Invalid for a widget that the library does not have.
     virtual const WidgetMetaInformation &description() const = 0;
+    //! Why there is no description.
+    virtual QString missingReason() const = 0;
     //! The language of labels, and of the texts that the widget gets.
     virtual QString language() const = 0;
     //! Those in which a multi-language field is edited.

@@ -54,6 +54,11 @@ const WidgetMetaInformation &SceneProperties::description() const
     return m_widget->description();
 }
 
+QString SceneProperties::missingReason() const
+{
+    return m_widget->missingReason();
+}
+
 QString SceneProperties::language() const
 {
     return m_document.language();

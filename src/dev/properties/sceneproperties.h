@@ -21,6 +21,7 @@ public:
     bool hasWidget() const override { return m_widget; }
     QString name() const override;
     const WidgetMetaInformation &description() const override;
+    QString missingReason() const override;
     QString language() const override;
     QStringList languages() const override;
 

@@ -243,9 +243,9 @@ void PlacedWidget::makeWidget()
 QString PlacedWidget::missingReason() const
 {
     if (!m_host.library)
-        return tr("No library is loaded");
+        return tr("No plugin is open");
     return m_description.isValid() ? tr("The widget could not be made")
-                                   : tr("The library has no such widget");
+                                   : tr("The open library does not have this widget");
 }
 
 // Not at once, as the widget's code may still be running further up the stack.

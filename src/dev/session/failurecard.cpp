@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QKeySequence>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -66,6 +67,9 @@ FailureCard::FailureCard(QWidget *parent)
     m_retry = addButton(m_buttons, QStringLiteral("retry"), "reload", tr("Re&try"));
     m_anyway = addButton(m_buttons, QStringLiteral("loadAnyway"), "warning", tr("&Load anyway"));
     m_another = addButton(m_buttons, QStringLiteral("openAnother"), "open", tr("Open a&nother..."));
+    m_back = addButton(layout, QStringLiteral("back"), "undo", {});
+    m_back->setToolTip(QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText));
+    connect(m_back, &QPushButton::clicked, this, &FailureCard::backRequested);
     connect(m_retry, &QPushButton::clicked, this,
             [this] { Q_EMIT retryRequested(m_failure.path); });
     connect(m_anyway, &QPushButton::clicked, this,
@@ -73,9 +77,10 @@ FailureCard::FailureCard(QWidget *parent)
     connect(m_another, &QPushButton::clicked, this, &FailureCard::openAnotherRequested);
 }
 
-void FailureCard::setFailure(const LoadFailure &failure)
+void FailureCard::setFailure(const LoadFailure &failure, const QString &backText)
 {
     m_failure = failure;
+    m_back->setText(backText);
     m_title->setText(failure.title);
     m_path->setToolTip(failure.path);
     m_words->setPlainText(failure.words.join(QLatin1Char('\n')));
@@ -83,6 +88,11 @@ void FailureCard::setFailure(const LoadFailure &failure)
     m_advice->setText(failure.advice);
     m_anyway->setVisible(failure.mayTry);
     elidePath();
+}
+
+void FailureCard::takeFocus()
+{
+    m_back->setFocus();
 }
 
 void FailureCard::showIcon()

@@ -15,6 +15,7 @@
 #include "window/welcomepage.h"
 #include "window/widgetlibraryplugintestwidget.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
 #include <QDateTime>
@@ -22,7 +23,6 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMainWindow>
@@ -76,7 +76,7 @@ Private::~WidgetLibraryPluginTestWidgetPrivate()
 
 void Private::connectParts()
 {
-    connect(&session, &PluginSession::loaded, this, [this] {
+    connect(&session, &PluginSession::opened, this, [this] {
         if (recent)
             recent->add(session.path(), libraryName());
         showOutcome();
@@ -89,8 +89,12 @@ void Private::connectParts()
     connect(welcome, &WelcomePage::openLibraryRequested, this, &Private::chooseLibrary);
     connect(welcome, &WelcomePage::recentRequested, this, &Private::openPlugin);
     connect(failure, &FailureCard::retryRequested, &session, &PluginSession::open);
-    connect(failure, &FailureCard::loadAnywayRequested, &session, &PluginSession::openAnyway);
+    connect(failure, &FailureCard::loadAnywayRequested, this, [this](const QString &path) {
+        keeper.keepUnsaved(); // it may be the last that this program does
+        session.openAnyway(path);
+    });
     connect(failure, &FailureCard::openAnotherRequested, this, &Private::chooseFolder);
+    connect(failure, &FailureCard::backRequested, this, &Private::leaveFailure);
     connect(palette, &PalettePanel::placeRequested, this, &Private::placeInView);
     connect(view, &PageView::menuRequested, this, &Private::showContextMenu);
     connect(&document, &SceneDocument::notice, messages, &MessageBar::tell);
@@ -164,11 +168,32 @@ void Private::showOutcome()
     updateActions();
 }
 
+void Private::leaveFailure()
+{
+    session.giveUp();
+    showOutcome();
+    pages->currentWidget()->setFocus();
+}
+
+QString Private::backText() const
+{
+    if (!session.isLoaded())
+        return document.widgets().isEmpty() ? tr("&Back to the start") : tr("&Back to the page");
+    QString name = libraryName();
+    name.replace(QLatin1Char('&'), QLatin1String("&&"));
+    return session.path() == session.loadedPath() ? tr("&Back to %1 as it was before").arg(name)
+                                                  : tr("&Back to %1").arg(name);
+}
+
 void Private::showFailure(const LoadFailure &reason)
 {
-    failure->setFailure(reason);
+    const QWidget *focused = QApplication::focusWidget();
+    const bool wasOnPage = !focused || pages->isAncestorOf(focused);
+    failure->setFailure(reason, backText());
     showTitle();
     pages->setCurrentWidget(failurePage);
+    if (wasOnPage && failure->isVisible())
+        failure->takeFocus();
     updateActions();
     QStringList lines = QStringList(reason.title) + reason.words;
     lines += reason.advice;
@@ -239,6 +264,8 @@ void Private::addScenarioActions(QMenu *menu)
 
 void Private::placeInView(const QString &widgetId, const QString &version)
 {
+    if (pages->currentWidget() == failurePage)
+        leaveFailure();
     setRuntime(false);
     const QPointF centre = view->mapToScene(view->viewport()->rect().center());
     if (SceneEditing::placeFree(document, widgetId, version, centre))

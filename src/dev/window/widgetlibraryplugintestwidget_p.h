@@ -70,6 +70,8 @@ public:
     void offerToTakeBack();
     void findField();
     void showOutcome();
+    //! From the card of a failure to what was there before.
+    void leaveFailure();
 
     WidgetLibraryPluginTestWidget *q_ptr;
     LogRelay relay;
@@ -114,6 +116,7 @@ private:
     void saveTo(const QString &path);
     void showProbing();
     void showFailure(const LoadFailure &reason);
+    QString backText() const;
     QString libraryName() const;
     void showTitle();
     void updateActions();

@@ -55,6 +55,8 @@ void Private::buildFrame()
     pages->addWidget(welcome);
     failurePage = centred(failure);
     pages->addWidget(failurePage);
+    auto *leave = new QShortcut(Qt::Key_Escape, failurePage);
+    connect(leave, &QShortcut::activated, this, &Private::leaveFailure);
     pages->addWidget(view);
     auto *central = new QWidget;
     auto *column = new QVBoxLayout(central);

@@ -15,6 +15,7 @@ public:
     bool hasWidget() const override { return isSelected; }
     QString name() const override { return QStringLiteral("widget 1"); }
     const NARV::DEV::WidgetMetaInformation &description() const override { return m_widget; }
+    QString missingReason() const override { return {}; }
     QString language() const override { return QStringLiteral("en-US"); }
     QStringList languages() const override { return {language(), QStringLiteral("it-IT")}; }
 
