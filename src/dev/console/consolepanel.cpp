@@ -84,19 +84,29 @@ void ConsolePanel::buildPattern()
     auto *edit = new QLineEdit(m_relay.pattern());
     edit->setObjectName(QStringLiteral("pattern"));
     edit->setAccessibleName(tr("Message pattern"));
-    edit->setPlaceholderText(tr("Message pattern"));
-    edit->setToolTip(tr("How the text of new records is made. Placeholders: %1 and %{TIME format}.")
-                         .arg(messagePatternPlaceholders().join(QLatin1Char(' '))));
+    edit->setPlaceholderText(tr("Message pattern, such as %{TYPE} %{FILE}:%{LINE} %{MESSAGE}"));
+    auto *help =
+        new QLabel(tr("How the text of new records is made. There are %1 and %{TIME format}.")
+                       .arg(messagePatternPlaceholders().join(QLatin1Char(' '))));
+    help->setObjectName(QStringLiteral("patternHelp"));
+    help->setWordWrap(true);
+    help->setTextFormat(Qt::PlainText);
+    help->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_patternProblem = new QLabel;
     m_patternProblem->setObjectName(QStringLiteral("patternProblem"));
     m_patternProblem->setWordWrap(true);
     layout->addWidget(edit);
     layout->addWidget(m_patternProblem);
+    layout->addWidget(help);
     row->hide();
     addRow(row);
     QAction *toggle = addAction(QStringLiteral("showPattern"), "properties", tr("Message pattern"));
     toggle->setCheckable(true);
-    connect(toggle, &QAction::toggled, row, &QWidget::setVisible);
+    connect(toggle, &QAction::toggled, row, [row, edit](bool isOn) {
+        row->setVisible(isOn);
+        if (isOn)
+            edit->setFocus();
+    });
     connect(edit, &QLineEdit::textChanged, this, &ConsolePanel::checkPattern);
     checkPattern(edit->text());
 }

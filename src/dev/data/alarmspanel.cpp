@@ -80,8 +80,9 @@ void AlarmsPanel::addMenu()
 
 void AlarmsPanel::addEditButtons()
 {
-    addButton(
+    QToolButton *add = addButton(
         QStringLiteral("add"), tr("Add alarm"), [this] { addAlarm(); }, Qt::Key_Insert);
+    add->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addButton(
         QStringLiteral("remove"), tr("Remove alarm"), [this] { removeAlarm(); },
         QKeySequence::Delete);

@@ -108,14 +108,15 @@ QSize PropertyDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
     return size;
 }
 
-//! Half-way between text and background, in any palette.
+//! Nearer to the background, in any palette, and still to be read.
 static void mute(QStyleOptionViewItem &option)
 {
     const QColor text = option.palette.color(QPalette::Text);
     const QColor base = option.palette.color(QPalette::Base);
+    const auto mix = [](int of, int with) { return (2 * of + with) / 3; };
     option.palette.setColor(QPalette::Text,
-                            QColor((text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
-                                   (text.blue() + base.blue()) / 2));
+                            QColor(mix(text.red(), base.red()), mix(text.green(), base.green()),
+                                   mix(text.blue(), base.blue())));
 }
 
 //! The name first, as a long value is cut off at its end. A long name leaves room for the value.

@@ -24,6 +24,7 @@ namespace NARV::DEV {
 static const int handleSize = 8;
 static const int handleReach = 7;
 static const int rotationDistance = 24;
+static const int focusWidth = 2;
 static const int pageMargin = 24;
 
 static const int fewWidgets = 20;
@@ -48,7 +49,8 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     setAccessibleName(tr("Page"));
     viewport()->setAccessibleName(accessibleName());
     setObjectName(QStringLiteral("page"));
-    setFrameShape(NoFrame);
+    setFrameStyle(Box | Plain);
+    setLineWidth(focusWidth);
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                    QPainter::SmoothPixmapTransform);
     setViewportUpdateMode(SmartViewportUpdate);
@@ -191,6 +193,16 @@ struct PaintedDevice : QPaintDevice
 };
 
 } // namespace
+
+// The frame shows whether the page has the focus: with nothing selected, nothing else does.
+bool PageView::event(QEvent *event)
+{
+    if (event->type() != QEvent::Paint)
+        return QGraphicsView::event(event);
+    const auto role = hasFocus() ? QPalette::Highlight : QPalette::Mid;
+    QPainter(this).fillRect(rect(), palette().color(role));
+    return true;
+}
 
 // An exception that gets to the event loop would end the program. The toolkit's code is not made
 // for one: it leaves its painter at work.

@@ -46,6 +46,7 @@ Q_SIGNALS:
 protected:
     void drawBackground(QPainter *painter, const QRectF &exposed) override;
     void drawForeground(QPainter *painter, const QRectF &exposed) override;
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

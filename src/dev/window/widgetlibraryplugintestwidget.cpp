@@ -11,7 +11,6 @@
 #include <QMainWindow>
 #include <QMimeData>
 #include <QStackedWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace NARV::DEV {
@@ -236,25 +235,16 @@ void WidgetLibraryPluginTestWidget::closeEvent(QCloseEvent *event)
     QWidget::closeEvent(event);
 }
 
-static QString droppedPath(const QMimeData &data)
-{
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
-}
-
 void WidgetLibraryPluginTestWidget::dragEnterEvent(QDragEnterEvent *event)
 {
-    event->setAccepted(!droppedPath(*event->mimeData()).isEmpty());
+    event->setAccepted(event->mimeData()->hasUrls());
 }
 
 void WidgetLibraryPluginTestWidget::dropEvent(QDropEvent *event)
 {
-    const QString path = droppedPath(*event->mimeData());
-    event->acceptProposedAction();
-    if (path.endsWith(QLatin1String(".json")))
-        d_ptr->openSceneFile(path);
-    else
-        d_ptr->openPlugin(path);
+    event->setDropAction(Qt::CopyAction); // who drags a file does not give it away
+    event->accept();
+    d_ptr->openDropped(event->mimeData()->urls());
 }
 
 void WidgetLibraryPluginTestWidget::showEvent(QShowEvent *event)

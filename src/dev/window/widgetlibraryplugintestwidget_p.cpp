@@ -24,6 +24,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLibrary>
 #include <QLocale>
 #include <QMainWindow>
 #include <QMenu>
@@ -150,9 +151,38 @@ void Private::updateActions()
 
 // Plugins
 
+static bool isSceneFile(const QFileInfo &file)
+{
+    return file.isFile() && file.suffix().compare(QLatin1String("json"), Qt::CaseInsensitive) == 0;
+}
+
 void Private::openPlugin(const QString &path)
 {
     session.open(path);
+}
+
+static const char *whyNotDropped(const QList<QUrl> &urls)
+{
+    if (urls.size() != 1)
+        return QT_TR_NOOP("Drop one file or folder at a time.");
+    const QFileInfo file(urls.first().toLocalFile());
+    if (!file.exists())
+        return QT_TR_NOOP("“%1” is not a file or folder on this machine.");
+    const bool isUsable = file.isDir() || isSceneFile(file) || QLibrary::isLibrary(file.filePath());
+    return isUsable ? nullptr
+                    : QT_TR_NOOP("“%1” is neither a plugin folder, a library nor a page (.json).");
+}
+
+void Private::openDropped(const QList<QUrl> &urls)
+{
+    messages->dismissMessages();
+    const QString path = urls.value(0).toLocalFile();
+    if (const char *reason = whyNotDropped(urls))
+        messages->tell(tr(reason).replace(QLatin1String("%1"), urls.value(0).fileName()));
+    else if (isSceneFile(QFileInfo(path)))
+        openSceneFile(path);
+    else
+        openPlugin(path);
 }
 
 void Private::showOutcome()
@@ -349,6 +379,13 @@ void Private::saveTo(const QString &path)
         messages->tell(problem);
 }
 
+//! The path without its suffix, to be proposed.
+QString Private::pageName() const
+{
+    const QFileInfo file(keeper.path());
+    return keeper.path().isEmpty() ? tr("page") : file.dir().filePath(file.completeBaseName());
+}
+
 void Private::saveScene()
 {
     if (keeper.path().isEmpty())
@@ -363,6 +400,7 @@ void Private::saveSceneAs()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("json"));
     dialog->setNameFilter(sceneFilter());
+    dialog->selectFile(pageName() + QLatin1String(".json"));
     connect(dialog, &QFileDialog::fileSelected, this, &Private::saveTo);
     dialog->open();
 }
@@ -372,6 +410,8 @@ void Private::exportPicture()
     QFileDialog *dialog = fileDialog(q_ptr, tr("Save picture"), QFileDialog::AnyFile);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("png"));
+    dialog->setNameFilter(tr("Pictures (*.png)"));
+    dialog->selectFile(pageName() + QLatin1String(".png"));
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
         if (!q_ptr->renderPage().save(path))
             messages->tell(tr("%1 cannot be written").arg(path));

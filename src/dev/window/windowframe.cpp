@@ -5,6 +5,7 @@
 #include "data/alarmspanel.h"
 #include "data/clockbar.h"
 #include "data/scenariopanel.h"
+#include "data/scenarioplayer.h"
 #include "data/simulationclock.h"
 #include "data/tagspanel.h"
 #include "data/trendspanel.h"
@@ -30,6 +31,7 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace NARV::DEV {
@@ -243,7 +245,32 @@ void Private::buildToolBar()
         else
             bar->addSeparator();
     }
-    bar->addWidget(new ClockBar(data.clock()));
+    auto *clock = new ClockBar(data.clock());
+    for (QToolButton *button : clock->findChildren<QToolButton *>())
+        button->setIconSize(bar->iconSize());
+    bar->addWidget(clock);
+}
+
+//! Tells while a scenario has its hands in the data.
+QLabel *Private::newScenarioLabel()
+{
+    auto *label = new QLabel;
+    label->setObjectName(QStringLiteral("activeScenario"));
+    label->setAccessibleName(tr("Active scenarios"));
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    label->hide();
+    connect(&data.scenarios(), &ScenarioPlayer::activeChanged, label, [this, label] {
+        const QStringList &active = data.scenarios().active();
+        label->setVisible(!active.isEmpty());
+        label->setToolTip(active.join(QLatin1Char('\n')));
+        if (!active.isEmpty())
+            label->setText(
+                tr("Scenario: %1").arg(active.last()) +
+                (active.size() > 1 ? tr(" and %1 more").arg(active.size() - 1) : QString()));
+    });
+    return label;
 }
 
 void Private::buildStatusBar()
@@ -273,7 +300,7 @@ void Private::buildStatusBar()
     connect(&document, &SceneDocument::modeChanged, mode, showMode);
     showMode();
     bar->addWidget(gesture, 1);
-    for (QLabel *label : {mode, zoom}) {
+    for (QLabel *label : {newScenarioLabel(), mode, zoom}) {
         label->setMargin(4);
         bar->addPermanentWidget(label);
     }
