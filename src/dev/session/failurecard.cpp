@@ -33,6 +33,7 @@ static QPushButton *addButton(QBoxLayout *layout, const QString &name, const cha
 {
     auto *button = new QPushButton(benchIcon(QLatin1String(icon)), text);
     button->setObjectName(name);
+    button->setAutoDefault(true); // Enter presses it
     layout->addWidget(button);
     return button;
 }
@@ -64,9 +65,9 @@ FailureCard::FailureCard(QWidget *parent)
     m_advice = addLabel(layout, QStringLiteral("advice"), tr("What to do next"));
     m_buttons = new QBoxLayout(QBoxLayout::TopToBottom);
     layout->addLayout(m_buttons);
-    m_retry = addButton(m_buttons, QStringLiteral("retry"), "reload", tr("Re&try"));
-    m_anyway = addButton(m_buttons, QStringLiteral("loadAnyway"), "warning", tr("&Load anyway"));
-    m_another = addButton(m_buttons, QStringLiteral("openAnother"), "open", tr("Open a&nother..."));
+    m_retry = addButton(m_buttons, QStringLiteral("retry"), "reload", tr("Retry"));
+    m_anyway = addButton(m_buttons, QStringLiteral("loadAnyway"), "warning", tr("Load any&way"));
+    m_another = addButton(m_buttons, QStringLiteral("openAnother"), "open", tr("Open another…"));
     m_back = addButton(layout, QStringLiteral("back"), "undo", {});
     m_back->setToolTip(QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText));
     connect(m_back, &QPushButton::clicked, this, &FailureCard::backRequested);

@@ -2,6 +2,7 @@
 
 #include "session/recentplugins.h"
 #include "window/icons.h"
+#include "window/menutext.h"
 
 #include <QCommandLinkButton>
 #include <QDir>
@@ -28,8 +29,9 @@ static QLabel *newLabel(const QString &text, double scale, bool isBold)
 static QCommandLinkButton *newButton(const QString &text, const QString &description,
                                      const QString &icon)
 {
-    auto *button = new QCommandLinkButton(text, description);
+    auto *button = new QCommandLinkButton(withoutShortcut(text), withoutShortcut(description));
     button->setIcon(benchIcon(icon));
+    button->setAutoDefault(true); // Enter presses it
     button->setAccessibleName(text);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setHeightForWidth(true); // as its hint is the height of a narrow one

@@ -235,15 +235,27 @@ void WidgetLibraryPluginTestWidget::closeEvent(QCloseEvent *event)
     QWidget::closeEvent(event);
 }
 
+//! Who drags a file does not give it away.
+static void acceptCopy(QDropEvent &event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 void WidgetLibraryPluginTestWidget::dragEnterEvent(QDragEnterEvent *event)
 {
-    event->setAccepted(event->mimeData()->hasUrls());
+    if (event->mimeData()->hasUrls())
+        acceptCopy(*event);
+}
+
+void WidgetLibraryPluginTestWidget::dragMoveEvent(QDragMoveEvent *event)
+{
+    acceptCopy(*event);
 }
 
 void WidgetLibraryPluginTestWidget::dropEvent(QDropEvent *event)
 {
-    event->setDropAction(Qt::CopyAction); // who drags a file does not give it away
-    event->accept();
+    acceptCopy(*event);
     d_ptr->openDropped(event->mimeData()->urls());
 }
 

@@ -11,6 +11,7 @@
 #include "session/recentplugins.h"
 #include "touch/touchsimulator.h"
 #include "window/actiontable.h"
+#include "window/menutext.h"
 #include "window/messagebar.h"
 #include "window/welcomepage.h"
 #include "window/widgetlibraryplugintestwidget.h"
@@ -208,11 +209,10 @@ void Private::leaveFailure()
 QString Private::backText() const
 {
     if (!session.isLoaded())
-        return document.widgets().isEmpty() ? tr("&Back to the start") : tr("&Back to the page");
-    QString name = libraryName();
-    name.replace(QLatin1Char('&'), QLatin1String("&&"));
-    return session.path() == session.loadedPath() ? tr("&Back to %1 as it was before").arg(name)
-                                                  : tr("&Back to %1").arg(name);
+        return document.widgets().isEmpty() ? tr("Back to the start") : tr("Back to the page");
+    const QString name = withoutShortcut(libraryName());
+    return session.path() == session.loadedPath() ? tr("Back to %1 as it was before").arg(name)
+                                                  : tr("Back to %1").arg(name);
 }
 
 void Private::showFailure(const LoadFailure &reason)
@@ -364,11 +364,14 @@ void Private::chooseScene()
 QString Private::openSceneFile(const QString &path)
 {
     QString problem;
-    if (keeper.open(path, problem))
+    const bool isOpen = keeper.open(path, problem);
+    if (isOpen)
         offerToTakeBack();
     else
         messages->tell(problem);
     showOutcome();
+    if (isOpen)
+        view->zoomToFit();
     return problem;
 }
 

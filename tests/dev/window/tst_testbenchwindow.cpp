@@ -311,9 +311,9 @@ void tst_TestBenchWindow::failedLoad()
         action("undo").trigger();
     };
     m_bench->openPlugin(broken);
-    failAndLeave("&Back to Rebuilt", [this] { press("Space"); });
+    failAndLeave("Back to Rebuilt", [this] { press("Return"); });
     replace(broken, library);
-    failAndLeave("&Back to Rebuilt as it was before", [this] { press("Escape"); });
+    failAndLeave("Back to Rebuilt as it was before", [this] { press("Escape"); });
     takeLog();
 }
 
