@@ -22,6 +22,7 @@
 #include "window/widgetlibraryplugintestwidget.h"
 #include "window/widgetlibraryplugintestwidget_p.h"
 
+#include <QAbstractItemView>
 #include <QActionGroup>
 #include <QDockWidget>
 #include <QLabel>
@@ -87,8 +88,13 @@ QDockWidget *Private::addDock(const QString &name, const QString &title, QWidget
     return dock;
 }
 
-static QWidget *firstControl(QWidget *panel)
+//! What a person works with: the list of the panel, if there is something in it.
+static QWidget *mainControl(QWidget *panel)
 {
+    for (auto *list : panel->findChildren<QAbstractItemView *>()) {
+        if (list->isVisibleTo(panel) && list->model() && list->model()->rowCount() > 0)
+            return list;
+    }
     for (QWidget *control : panel->findChildren<QWidget *>()) {
         if ((control->focusPolicy() & Qt::TabFocus) && control->isVisibleTo(panel))
             return control;
@@ -105,7 +111,7 @@ void Private::addGoTo(QDockWidget *dock)
     connect(shortcut, &QShortcut::activated, dock, [dock] {
         dock->show();
         dock->raise();
-        firstControl(dock->widget())->setFocus(Qt::ShortcutFocusReason);
+        mainControl(dock->widget())->setFocus(Qt::ShortcutFocusReason);
     });
 }
 
