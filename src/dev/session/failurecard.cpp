@@ -61,6 +61,7 @@ FailureCard::FailureCard(QWidget *parent)
     m_words->setAccessibleName(tr("What the loader said"));
     m_words->setReadOnly(true);
     m_words->setTabChangesFocus(true);
+    m_words->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     layout->addWidget(m_words);
     m_advice = addLabel(layout, QStringLiteral("advice"), tr("What to do next"));
     m_buttons = new QBoxLayout(QBoxLayout::TopToBottom);

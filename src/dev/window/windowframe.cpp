@@ -42,10 +42,14 @@ using Private = WidgetLibraryPluginTestWidgetPrivate;
 static QWidget *centred(QWidget *content)
 {
     auto *page = new QWidget;
-    auto *row = new QHBoxLayout(page);
+    auto *column = new QVBoxLayout(page);
+    auto *row = new QHBoxLayout;
     row->addStretch(1);
     row->addWidget(content, 100);
     row->addStretch(1);
+    column->addStretch(1);
+    column->addLayout(row);
+    column->addStretch(2);
     return page;
 }
 
