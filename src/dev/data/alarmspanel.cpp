@@ -12,6 +12,8 @@
 
 namespace NARV::DEV {
 
+static const int roomyLetters = 50;
+
 //! The buttons that act on the current alarm; names are those of icons.
 static const struct
 {
@@ -82,11 +84,21 @@ void AlarmsPanel::addEditButtons()
 {
     QToolButton *add = addButton(
         QStringLiteral("add"), tr("Add alarm"), [this] { addAlarm(); }, Qt::Key_Insert);
-    add->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    add->setMinimumWidth(add->sizeHint().width());
+    add->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     addButton(
         QStringLiteral("remove"), tr("Remove alarm"), [this] { removeAlarm(); },
         QKeySequence::Delete);
     addGap();
+}
+
+// There are many buttons: in a narrow panel the text of one makes room.
+void AlarmsPanel::resizeEvent(QResizeEvent *event)
+{
+    const bool isNarrow = width() < roomyLetters * fontMetrics().averageCharWidth();
+    button(QStringLiteral("add"))
+        ->setToolButtonStyle(isNarrow ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    DataPanel::resizeEvent(event);
 }
 
 void AlarmsPanel::showCurrent()

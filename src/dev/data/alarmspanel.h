@@ -22,6 +22,7 @@ public:
 
 protected:
     void showCurrent() override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void addMenu();
