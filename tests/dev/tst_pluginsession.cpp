@@ -185,6 +185,8 @@ void tst_PluginSession::opensGallery()
         // The texts in other languages come out of the library's own resources.
         const auto lamp = session.library()->widgetsLatestVersion().value(u("lamp"));
         QCOMPARE(lamp.display().get(u("it-IT"), false), u("Spia"));
+        const QString resources = u(":/") + session.library()->id();
+        QVERIFY(QFileInfo::exists(resources));
         QVERIFY(session.reload());
         QCOMPARE(unloading.size(), 0); // not before the outcome is known
         QTRY_COMPARE_WITH_TIMEOUT(loaded.size(), 2, patienceMs);
@@ -192,6 +194,7 @@ void tst_PluginSession::opensGallery()
         session.close();
         QCOMPARE(unloading.size(), 2);
         QVERIFY(session.path().isEmpty() && !session.isLoaded() && !session.reload());
+        QVERIFY(!QFileInfo::exists(resources));
     }
     takeLog();
 }

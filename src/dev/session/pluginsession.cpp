@@ -5,6 +5,7 @@
 #include "probe/probe.h"
 #include "probe/process.h"
 #include "session/librarywatch.h"
+#include "session/lingeringcode.h"
 #include "session/plugincopy.h"
 
 #include <NARV/INTERNAL/MetaDataChecker>
@@ -193,10 +194,16 @@ bool PluginSessionPrivate::load(const PluginFile &file, const QString &copy)
 
 void PluginSessionPrivate::bringBack(const std::optional<Opened> &former)
 {
+    if (!former)
+        return;
+    // The code of the first copy has come to its end.
     QStringList words;
-    if (!former || !start(former->file, former->copy, words))
+    QString problem;
+    const QString copy = copies.make(PluginFile(former->copy), problem);
+    if (copy.isEmpty() || !start(former->file, copy, words))
         return;
     opened = former;
+    opened->copy = copy;
     Q_EMIT q->loaded();
 }
 
@@ -245,9 +252,9 @@ void PluginSessionPrivate::unload()
     if (!data)
         return;
     Q_EMIT q->aboutToUnload();
-    opened.reset();
     data = nullptr;
-    loader.reset();
+    unloadButKeepMemory(PluginFile(opened->copy).libraryPath, [this] { loader.reset(); });
+    opened.reset();
 }
 
 void PluginSessionPrivate::stopProbe()
