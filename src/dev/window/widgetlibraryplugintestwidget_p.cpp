@@ -123,13 +123,14 @@ void Private::updateFieldsRequirements()
 void Private::updateActions()
 {
     const bool isEditor = document.mode() == SceneDocument::Mode::Editor;
+    const bool isEdited = isEditor && pages->currentWidget() != failurePage;
     const int selected = document.selection().size();
     const bool isMet[] = {true,
                           session.isLoaded(),
-                          isEditor,
-                          isEditor && selected > 0,
-                          isEditor && selected > 1,
-                          isEditor && session.isLoaded()};
+                          isEdited,
+                          isEdited && selected > 0,
+                          isEdited && selected > 1,
+                          isEdited && session.isLoaded()};
     for (const MenuEntry &menu : benchMenus()) {
         for (int i = 0; i < menu.count; ++i) {
             if (menu.entries[i].name)
