@@ -29,7 +29,7 @@ QWidget *PropertyDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
     editor->setAccessibleName(name.data().toString());
     auto *self = const_cast<PropertyDelegate *>(this); // the base makes editors in const functions
     const QPersistentModelIndex cell(index);
-    const QVariant before = index.data(Qt::EditRole);
+    const QVariant before = index.data(PropertyModel::ValuesRole);
     connect(editor, &PropertyEditor::edited, self,
             [self, editor] { Q_EMIT self->commitData(editor); });
     connect(editor, &PropertyEditor::finished, self,
@@ -56,8 +56,8 @@ void PropertyDelegate::cancel(PropertyEditor *editor, const QPersistentModelInde
                               const QVariant &before)
 {
     auto *model = const_cast<QAbstractItemModel *>(index.model());
-    if (model && index.data(Qt::EditRole) != before)
-        model->setData(index, before, Qt::EditRole);
+    if (model && index.data(PropertyModel::ValuesRole) != before)
+        model->setData(index, before, PropertyModel::ValuesRole);
     Q_EMIT closeEditor(editor, RevertModelCache);
 }
 
@@ -80,7 +80,7 @@ void PropertyDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
         return;
     const QVariant value = open->value();
     open->setModified(false);
-    if (index.data(Qt::EditRole) != value)
+    if (index.data(PropertyModel::DifferentRole).toBool() || index.data(Qt::EditRole) != value)
         model->setData(index, value, Qt::EditRole);
 }
 

@@ -527,7 +527,8 @@ void PageView::nudge(const QPoint &step)
         states += widget->state();
         states.last().position += step;
     }
-    m_document.setGeometries(states, tr("Move by keys"), -1);
+    m_document.setGeometries(states, tr("Move %1").arg(m_document.titleOf(m_document.selection())),
+                             -1);
 }
 
 // Tab goes from widget to widget and leaves the page after the last.

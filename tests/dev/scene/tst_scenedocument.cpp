@@ -101,7 +101,7 @@ void tst_SceneDocument::fieldWritesMerge()
     document.setFieldValue(widget, u("value"), 12.0);
     document.setFieldValue(widget, u("maximum"), 50.0);
     QCOMPARE(document.undoStack().count(), steps + 2);
-    document.resetAllFields(widget);
+    document.resetFields({&widget}, {u("value"), u("maximum")});
     QCOMPARE(widget.fieldValue(u("value")), start);
     document.undoStack().undo();
     QCOMPARE(widget.fieldValue(u("value")), QVariant(12.0));
