@@ -145,8 +145,9 @@ void PropertyDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
     const QString binding = index.data(PropertyModel::BindingRole).toString();
     option->font.setBold(isGroup || index.data(PropertyModel::ChangedRole).toBool());
     option->font.setItalic(index.data(PropertyModel::HiddenRole).toBool());
-    const bool isFixed = isValue && !(index.flags() & Qt::ItemIsEditable);
-    if (!isGroup && (option->font.italic() || isFixed))
+    const bool isPale = isValue && (!(index.flags() & Qt::ItemIsEditable) ||
+                                    index.data(PropertyModel::DifferentRole).toBool());
+    if (!isGroup && (option->font.italic() || isPale))
         mute(*option);
     if (isValue && !binding.isEmpty() && option->text != binding)
         option->text = withBinding(*option, binding);

@@ -187,9 +187,12 @@ void PropertyPanel::showWidget()
     m_name->setToolTip(m_name->text());
     const QStringList kinds = kindsOf(m_source);
     const QString together = kinds.join(QStringLiteral("; "));
-    m_kind->setText(kinds.isEmpty()     ? tr("The open library does not have this widget")
-                    : kinds.size() == 1 ? together
-                                        : tr("What %1 kinds have in common").arg(kinds.size()));
+    if (kinds.isEmpty())
+        m_kind->setText(count == 1 ? tr("The open library does not have this widget")
+                                   : tr("The open library does not have all of them"));
+    else
+        m_kind->setText(kinds.size() == 1 ? together
+                                          : tr("What %1 kinds have in common").arg(kinds.size()));
     m_kind->setToolTip(kinds.size() > 1
                            ? together
                            : m_source.description(0).description().get(m_source.language(), true));

@@ -176,7 +176,8 @@ void SceneProperties::setGeometries(const QVector<Geometry> &geometries)
         state.rotation = geometries[i].rotation;
         states += state;
     }
-    m_document.setGeometries(states, tr("Move %1").arg(m_document.titleOf(m_widgets)), mergeKey);
+    m_document.setGeometries(
+        states, tr("Change the geometry of %1").arg(m_document.titleOf(m_widgets)), mergeKey);
     tell();
 }
 
