@@ -62,6 +62,8 @@ static const struct
     {"bool by its editor", "flag", "F2 Space Return", "true"},
     {"bool back again", "flag", "F2 Space Esc", "false"},
     {"option", "option", "F2 Down Return", "Green"},
+    {"option from its row", "option", "Alt+Down Down Down Return", "Blue"},
+    {"option given up", "option", "Return Down Esc", "Red"},
     {"option by letter", "option", "F2 b Return", "Blue"},
     {"color", "color", "F2 # 8 0 f f 0 0 0 1 Return", "#80FF0001"},
     {"color by name", "color", "r e d Return", "#FF0000"},
@@ -97,6 +99,7 @@ class tst_PropertyEditors : public GuardedTest
 private Q_SLOTS:
     void keys_data() { addRows(keyRows); }
     void keys();
+    void oneClickOpensTheChoices();
     void refused_data() { addRows(refusedRows); }
     void refused();
     void everyTypeIsEdited();
@@ -155,6 +158,7 @@ void tst_PropertyEditors::Panel::press(const char *keys)
         const int code = QKeySequence(key)[0];
         QTest::keyClick(focus, Qt::Key(code & ~Qt::KeyboardModifierMask),
                         Qt::KeyboardModifiers(code & int(Qt::KeyboardModifierMask)));
+        QCoreApplication::sendPostedEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }
@@ -168,6 +172,22 @@ void tst_PropertyEditors::keys()
     QCOMPARE(panel.text(row.field), u(row.text));
     QVERIFY(!panel.editor());
     QCOMPARE(QApplication::focusWidget(), &panel.view);
+}
+
+void tst_PropertyEditors::oneClickOpensTheChoices()
+{
+    Panel panel;
+    panel.choose("option");
+    const QRect row = panel.view.visualRect(panel.view.currentIndex());
+    panel.choose("text");
+    QTest::mouseClick(panel.view.viewport(), Qt::LeftButton, {}, row.center());
+    QWidget *list = QApplication::activePopupWidget();
+    QVERIFY(list);
+    QTest::keyClick(list->findChild<QAbstractItemView *>(), Qt::Key_Down);
+    list->findChild<QAbstractItemView *>()->setFocus();
+    panel.press("Return");
+    QCOMPARE(panel.text("option"), u("Green"));
+    QVERIFY(!panel.editor());
 }
 
 void tst_PropertyEditors::refused()
