@@ -1,5 +1,6 @@
 #include "data/tagtable.h"
 
+#include "data/csvshelf.h"
 #include "data/namechoice.h"
 
 #include <QDir>
@@ -11,7 +12,12 @@ using Library = INTERNAL::WidgetLibraryPluginMetaInformation;
 
 TagTable::TagTable(QObject *parent)
     : QAbstractTableModel(parent)
+    , m_shelf(std::make_unique<CsvShelf>())
 {
+    connect(m_shelf.get(), &CsvShelf::changed, this, [this] {
+        reload();
+        Q_EMIT filesChanged();
+    });
 }
 
 TagTable::~TagTable() = default;
@@ -208,14 +214,20 @@ void TagTable::setBaseFolder(const QString &folder)
     if (m_baseFolder == folder)
         return;
     m_baseFolder = folder;
+    reload();
+}
+
+void TagTable::reload()
+{
     for (Entry &entry : m_entries)
         loadSeries(entry);
     announce(0, m_entries.size() - 1);
+    generate(m_elapsed);
 }
 
-QString TagTable::filePath(const QString &file) const
+std::shared_ptr<const CsvSeries> TagTable::series(const QString &file, CsvValues values) const
 {
-    return file.isEmpty() ? file : QDir(m_baseFolder).filePath(file);
+    return m_shelf->series(file.isEmpty() ? file : QDir(m_baseFolder).filePath(file), values);
 }
 
 void TagTable::force(int row, const QVariant &value, Quality quality)
@@ -285,11 +297,9 @@ void TagTable::rebuildIndex()
 void TagTable::loadSeries(Entry &entry) const
 {
     const GeneratorSettings &generator = entry.tag.generator;
-    entry.series.reset();
-    if (generator.kind != GeneratorKind::CsvPlayback)
-        return;
+    const bool isPlayed = generator.kind == GeneratorKind::CsvPlayback;
     const auto values = entry.tag.type == TagType::String ? CsvValues::Texts : CsvValues::Numbers;
-    entry.series = std::make_shared<CsvSeries>(readCsvSeries(filePath(generator.file), values));
+    entry.series = isPlayed ? series(generator.file, values) : nullptr;
 }
 
 void TagTable::announce(int firstRow, int lastRow)

@@ -92,6 +92,7 @@ TrendStore::TrendStore(const TagTable &tags, const SimulationClock &clock, QObje
     , m_tags(tags)
     , m_clock(clock)
 {
+    connect(&tags, &TagTable::filesChanged, this, &TrendStore::reload);
 }
 
 TrendStore::~TrendStore() = default;
@@ -130,10 +131,8 @@ QString TrendStore::problem(int row) const
 
 void TrendStore::load(Entry &entry) const
 {
-    entry.series.reset();
-    if (!entry.trend.file.isEmpty())
-        entry.series = std::make_shared<CsvSeries>(
-            readCsvSeries(m_tags.filePath(entry.trend.file), CsvValues::Numbers));
+    entry.series =
+        entry.trend.file.isEmpty() ? nullptr : m_tags.series(entry.trend.file, CsvValues::Numbers);
 }
 
 int TrendStore::add(const Trend &trend)
