@@ -2,18 +2,23 @@
 
 #include <QFileInfo>
 
-#include <algorithm>
+#include <iterator>
 
 namespace NARV::DEV {
 
-static constexpr int settlingTime = 200; // milliseconds
+// Milliseconds.
+static constexpr int settlingTime = 200;
+static constexpr int freshTime = 1000;
 
 CsvShelf::CsvShelf(QObject *parent)
     : QObject(parent)
 {
     m_timer.setSingleShot(true);
     m_timer.setInterval(settlingTime);
-    const auto lookLater = [this] { m_timer.start(); };
+    const auto lookLater = [this] {
+        if (!m_timer.isActive())
+            m_timer.start();
+    };
     connect(&m_timer, &QTimer::timeout, this, &CsvShelf::look);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, lookLater);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, lookLater);
@@ -39,7 +44,9 @@ std::shared_ptr<const CsvSeries> CsvShelf::series(const QString &filePath, CsvVa
         return held;
     forgetUnused();
     auto read = std::make_shared<const CsvSeries>(readCsvSeries(key.first, values));
-    m_readings.insert(key, {read, file.size(), file.lastModified()});
+    const bool isFresh =
+        file.exists() && file.lastModified().msecsTo(QDateTime::currentDateTime()) < freshTime;
+    m_readings.insert(key, {read, file.size(), file.lastModified(), isFresh});
     watch(key.first);
     return read;
 }
@@ -69,10 +76,12 @@ void CsvShelf::forgetUnused()
 void CsvShelf::look()
 {
     forgetUnused();
-    bool isAnyOther = false;
-    for (auto it = m_readings.cbegin(); it != m_readings.cend(); ++it)
-        isAnyOther = isAnyOther || !it->isOf(it.key().first);
-    if (isAnyOther)
+    const int before = m_readings.size();
+    for (auto it = m_readings.begin(); it != m_readings.end();) {
+        const bool isKept = it->isOf(it.key().first) && !it->isFresh;
+        it = isKept ? std::next(it) : m_readings.erase(it);
+    }
+    if (m_readings.size() != before)
         Q_EMIT changed();
 }
 

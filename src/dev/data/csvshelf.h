@@ -25,8 +25,8 @@ public:
     std::shared_ptr<const CsvSeries> series(const QString &filePath, CsvValues values);
 
 Q_SIGNALS:
-    //! Some file that is held is another one now. Told a moment after the last change, as files are
-    //! often written in pieces.
+    //! Some file that is held is another one now. Told a moment after the first change, as files
+    //! are often written in pieces.
     void changed();
 
 private:
@@ -36,6 +36,7 @@ private:
         std::weak_ptr<const CsvSeries> series;
         qint64 size;
         QDateTime modified;
+        bool isFresh; //!< read so soon that the file may have changed without another time
 
         bool isOf(const QString &path) const;
     };
