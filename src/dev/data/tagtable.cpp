@@ -69,19 +69,44 @@ QString TagTable::problem(int row) const
 int TagTable::add(const Tag &tag)
 {
     const int row = m_entries.size();
+    insert(row, tag);
+    return row;
+}
+
+void TagTable::insert(int row, const Tag &tag)
+{
     Entry entry{tag, {}, {}};
     entry.tag.name =
         freeName(tag.name.trimmed(), [this](const QString &name) { return contains(name); });
     loadSeries(entry);
     beginInsertRows({}, row, row);
     storeSample(entry, m_elapsed);
-    m_entries.append(entry);
-    m_rows.insert(entry.tag.name, row);
+    m_entries.insert(row, entry);
+    if (row == m_entries.size() - 1)
+        m_rows.insert(entry.tag.name, row);
+    else
+        rebuildIndex();
     endInsertRows();
     Q_EMIT tagsChanged();
     Q_EMIT modified();
     tellValue(row);
-    return row;
+}
+
+void TagTable::assign(int row, const Tag &tag)
+{
+    rename(row, tag.name);
+    Entry &entry = m_entries[row];
+    if (entry.tag.type != tag.type || entry.tag.generator.kind != tag.generator.kind)
+        entry.tag.value = tag.value;
+    entry.tag.type = tag.type;
+    entry.tag.quality = tag.quality;
+    entry.tag.generator = tag.generator;
+    loadSeries(entry);
+    storeSample(entry, m_elapsed);
+    announce(row, row);
+    Q_EMIT tagsChanged();
+    Q_EMIT modified();
+    tellValue(row);
 }
 
 int TagTable::duplicate(int row)

@@ -67,6 +67,10 @@ public:
 
     //! The new row. A name that is taken gets a number.
     int add(const Tag &tag);
+    void insert(int row, const Tag &tag);
+    //! Makes it another one; the value that it has goes along with the type and the kind of
+    //! generator.
+    void assign(int row, const Tag &tag);
     int duplicate(int row);
     void remove(int row);
     //! These return why nothing was changed, empty if all went well.

@@ -1,6 +1,7 @@
 #include "data/testdata.h"
 
 #include "data/alarmtable.h"
+#include "data/datacommand.h"
 #include "data/scenarioplayer.h"
 #include "data/simulationclock.h"
 #include "data/tagtable.h"
@@ -106,7 +107,31 @@ void TestData::setBaseFolder(const QString &folder)
 
 QJsonObject TestData::toJson() const
 {
-    return writeTestData(*m_tags, *m_trends, *m_alarms);
+    return writeTestData(content());
+}
+
+TestDataContent TestData::content() const
+{
+    TestDataContent content;
+    for (int row = 0; row < m_tags->rowCount(); ++row)
+        content.tags.append(m_tags->tag(row));
+    for (int row = 0; row < m_trends->rowCount(); ++row)
+        content.trends.append(m_trends->trend(row));
+    content.alarms = m_alarms->snapshot();
+    return content;
+}
+
+void TestData::edit(const std::function<void()> &change)
+{
+    if (!m_history || m_isEditing)
+        return change();
+    const TestDataContent before = content();
+    m_isEditing = true;
+    change();
+    m_isEditing = false;
+    auto step = std::make_unique<DataCommand>(*this, before, content());
+    if (!step->isEmpty())
+        m_history(std::move(step));
 }
 
 bool TestData::fromJson(const QJsonObject &json, QString &problem)

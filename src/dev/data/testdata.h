@@ -11,7 +11,10 @@
 
 #include <zpplugin_dev_export.h>
 
+#include <functional>
 #include <memory>
+
+class QUndoCommand;
 
 namespace NARV::DEV {
 
@@ -20,6 +23,7 @@ class ScenarioPlayer;
 class SimulationClock;
 class TagTable;
 class TrendStore;
+struct TestDataContent;
 
 //! The machine behind the bench's widgets: tags, trends and alarms, driven by one clock.
 //!
@@ -49,6 +53,31 @@ public:
                         unsigned int count, WidgetActionManager::TrendTimeFormat format) const;
     QVector<AlarmInfo> activeAlarms() const;
 
+    //! Takes what a person does to the data as a step that can be undone. It is done already.
+    using History = std::function<void(std::unique_ptr<QUndoCommand> step)>;
+    //! Without one, which is empty, nothing can be undone.
+    void setHistory(const History &history) { m_history = history; }
+    //! To be called for what a person does. What changes of tags, trends and alarms goes into the
+    //! history: what they are, not the values and states that they have.
+    void edit(const std::function<void()> &change);
+    bool isEditing() const { return m_isEditing; }
+    //! A step of the history is being undone or redone.
+    bool isReplaying() const { return m_isReplaying; }
+    class Replay
+    {
+    public:
+        explicit Replay(TestData &data)
+            : m_data(data)
+        {
+            m_data.m_isReplaying = true;
+        }
+        ~Replay() { m_data.m_isReplaying = false; }
+        Q_DISABLE_COPY(Replay)
+
+    private:
+        TestData &m_data;
+    };
+
     //! All that a scene file keeps: tags with their generators, alarms, trends; no history.
     QJsonObject toJson() const;
     //! Replaces everything. False, with nothing changed and a reason that says where, if malformed.
@@ -70,6 +99,7 @@ Q_SIGNALS:
 
 private:
     void connectParts();
+    TestDataContent content() const;
     void advance();
 
     const std::unique_ptr<SimulationClock> m_clock;
@@ -77,6 +107,9 @@ private:
     const std::unique_ptr<TrendStore> m_trends;
     const std::unique_ptr<AlarmTable> m_alarms;
     const std::unique_ptr<ScenarioPlayer> m_scenarios;
+    History m_history;
+    bool m_isEditing = false;
+    bool m_isReplaying = false;
 };
 
 } // namespace NARV::DEV

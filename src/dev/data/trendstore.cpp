@@ -138,15 +138,33 @@ void TrendStore::load(Entry &entry) const
 int TrendStore::add(const Trend &trend)
 {
     const int row = m_entries.size();
+    insert(row, trend);
+    return row;
+}
+
+void TrendStore::insert(int row, const Trend &trend)
+{
     Entry entry{trend, {}, {}};
     entry.trend.name =
         freeName(trend.name.trimmed(), [this](const QString &name) { return contains(name); });
     load(entry);
     beginInsertRows({}, row, row);
-    m_entries.append(entry);
+    m_entries.insert(row, entry);
     endInsertRows();
     trendsHaveChanged();
-    return row;
+}
+
+void TrendStore::assign(int row, const Trend &trend)
+{
+    Entry &entry = m_entries[row];
+    const bool isOtherFile = trend.file != entry.trend.file;
+    if (trend.tagName != entry.trend.tagName)
+        entry.history.clear();
+    entry.trend = trend;
+    if (isOtherFile)
+        load(entry);
+    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+    trendsHaveChanged();
 }
 
 void TrendStore::remove(int row)
@@ -368,20 +386,13 @@ bool TrendStore::setData(const QModelIndex &index, const QVariant &value, int ro
 {
     if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
         return false;
-    Entry &entry = m_entries[index.row()];
-    Trend trend = entry.trend;
+    Trend trend = this->trend(index.row());
     const QString problem = edit(trend, index.column(), value);
     if (!problem.isEmpty()) {
         Q_EMIT refused(problem);
         return false;
     }
-    if (trend.tagName != entry.trend.tagName)
-        entry.history.clear();
-    entry.trend = trend;
-    if (index.column() == SourceColumn)
-        load(entry);
-    Q_EMIT dataChanged(this->index(index.row(), 0), this->index(index.row(), ColumnCount - 1));
-    trendsHaveChanged();
+    assign(index.row(), trend);
     return true;
 }
 

@@ -48,11 +48,13 @@ SceneDocument::SceneDocument(PluginSession &session, TestData &data, EventLog &e
                              report.name + QLatin1Char(' ') + report.state + QLatin1String(": ") +
                                  report.values);
             });
+    data.setHistory([this](std::unique_ptr<QUndoCommand> step) { takeEdit(std::move(step)); });
     applyPage(m_page);
 }
 
 SceneDocument::~SceneDocument()
 {
+    m_data.setHistory({});
     m_undoStack.disconnect();
     m_session.disconnect(this);
     m_data.disconnect(this);
@@ -297,8 +299,25 @@ void SceneDocument::followRenamedTag(const QString &from, const QString &to)
         if (after.bindings != widget->state().bindings)
             command->changes.append({StackedState{widget->state()}, StackedState{after}});
     }
-    if (!command->changes.isEmpty())
+    if (command->changes.isEmpty() || m_data.isReplaying()) // of that the step itself is undone
+        return;
+    if (m_data.isEditing())
+        m_renaming = std::move(command);
+    else
         m_undoStack.push(command.release());
+}
+
+// A tag that is renamed and the widgets that go on with it are one step.
+void SceneDocument::takeEdit(std::unique_ptr<QUndoCommand> edit)
+{
+    if (!m_renaming) {
+        m_undoStack.push(edit.release());
+        return;
+    }
+    m_undoStack.beginMacro(edit->text());
+    m_undoStack.push(edit.release());
+    m_undoStack.push(m_renaming.release());
+    m_undoStack.endMacro();
 }
 
 void SceneDocument::setGeometry(PlacedWidget &widget, const QPointF &position, const QSizeF &size,

@@ -157,6 +157,7 @@ private:
     void forgetLibrary();
     void connectWidget(PlacedWidget &widget);
     void indexBindings();
+    void takeEdit(std::unique_ptr<QUndoCommand> edit);
     void followRenamedTag(const QString &from, const QString &to);
     void queueTag(const QString &name, const QVariant &value);
     void deliverAlarm(const NARV::AlarmInfo &alarm);
@@ -168,6 +169,7 @@ private:
     std::unique_ptr<GestureMonitor> m_gestureMonitor;
     std::unique_ptr<SceneActionManager> m_actionManager;
     QUndoStack m_undoStack;
+    std::unique_ptr<QUndoCommand> m_renaming; //!< of the tag that is being edited
     QList<PlacedWidget *> m_widgets;
     QHash<QString, PlacedWidget *> m_byName;
     QList<PlacedWidget *> m_selection;
