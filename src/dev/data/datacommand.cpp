@@ -159,20 +159,22 @@ DataCommand::Changes<Item> DataCommand::reversed(const Changes<Item> &changes)
 void DataCommand::undo()
 {
     m_isDone = false;
-    const TestData::Replay replay(m_data);
-    apply(m_data.tags(), reversed(m_tags));
-    apply(m_data.trends(), reversed(m_trends));
-    apply(m_data.alarms(), reversed(m_alarms));
+    m_data.replay([this] {
+        apply(m_data.tags(), reversed(m_tags));
+        apply(m_data.trends(), reversed(m_trends));
+        apply(m_data.alarms(), reversed(m_alarms));
+    });
 }
 
 void DataCommand::redo()
 {
     if (std::exchange(m_isDone, true))
         return;
-    const TestData::Replay replay(m_data);
-    apply(m_data.tags(), m_tags);
-    apply(m_data.trends(), m_trends);
-    apply(m_data.alarms(), m_alarms);
+    m_data.replay([this] {
+        apply(m_data.tags(), m_tags);
+        apply(m_data.trends(), m_trends);
+        apply(m_data.alarms(), m_alarms);
+    });
 }
 
 int DataCommand::id() const

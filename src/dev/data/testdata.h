@@ -63,20 +63,8 @@ public:
     bool isEditing() const { return m_isEditing; }
     //! A step of the history is being undone or redone.
     bool isReplaying() const { return m_isReplaying; }
-    class Replay
-    {
-    public:
-        explicit Replay(TestData &data)
-            : m_data(data)
-        {
-            m_data.m_isReplaying = true;
-        }
-        ~Replay() { m_data.m_isReplaying = false; }
-        Q_DISABLE_COPY(Replay)
-
-    private:
-        TestData &m_data;
-    };
+    //! Undoes or redoes a step.
+    void replay(const std::function<void()> &change);
 
     //! All that a scene file keeps: tags with their generators, alarms, trends; no history.
     QJsonObject toJson() const;
@@ -94,12 +82,13 @@ Q_SIGNALS:
     void tagsChanged();
     //! An alarm has another state, to be told to widgets.
     void alarmChanged(const NARV::AlarmInfo &alarm);
-    //! Something that toJson() keeps has changed.
+    //! Something that toJson() keeps has changed, by no step of the history.
     void modified();
 
 private:
     void connectParts();
     TestDataContent content() const;
+    void noteModified();
     void advance();
 
     const std::unique_ptr<SimulationClock> m_clock;
@@ -109,6 +98,7 @@ private:
     const std::unique_ptr<ScenarioPlayer> m_scenarios;
     History m_history;
     bool m_isEditing = false;
+    bool m_isModified = false; //!< by what is being edited
     bool m_isReplaying = false;
 };
 

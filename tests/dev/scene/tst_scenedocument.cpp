@@ -307,6 +307,7 @@ void tst_SceneDocument::editsOfTheData()
                             widget.fieldValue(u("value"))};
     };
     const QVariantList before = all();
+    m_bench->document.setUnmodified();
     const int count = steps.count();
     data.edit([&] { row.edit(data); });
     const QVariantList after = all();
@@ -316,6 +317,7 @@ void tst_SceneDocument::editsOfTheData()
     for (int i = 0; i < 2; ++i) {
         steps.undo();
         QCOMPARE(all(), before);
+        QVERIFY(!m_bench->document.isModified());
         steps.redo();
         QCOMPARE(all(), after);
     }
@@ -330,6 +332,7 @@ void tst_SceneDocument::editsOfTheDataMerge()
     data.edit([&] { data.tags().write(data.tags().find(u("setpoint")), 7); });
     data.edit([&] { data.alarms().apply(1, AlarmAction::Raise); });
     QCOMPARE(steps.count(), 0);
+    QVERIFY(m_bench->document.isModified());
     const GeneratorSettings before = data.tags().tag(0).generator;
     for (const double maximum : {101.0, 102.0, 103.0}) {
         GeneratorSettings settings = before;
