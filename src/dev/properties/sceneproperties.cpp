@@ -165,19 +165,32 @@ void SceneProperties::bind(const QString &fieldId, const QStringList &names)
     tell();
 }
 
+//! A bit for each part.
+static int changedParts(const Geometry &before, const Geometry &after)
+{
+    return int(before.position.x() != after.position.x()) |
+           int(before.position.y() != after.position.y()) << 1 |
+           int(before.size.width() != after.size.width()) << 2 |
+           int(before.size.height() != after.size.height()) << 3 |
+           int(before.rotation != after.rotation) << 4;
+}
+
 void SceneProperties::setGeometries(const QVector<Geometry> &geometries)
 {
-    static constexpr int mergeKey = -2;
+    int changed = 0; // parts of the geometry, each of which merges only with itself
     QList<WidgetState> states;
     for (int i = 0; i < m_widgets.size(); ++i) {
         WidgetState state = m_widgets[i]->state();
+        changed |= changedParts(geometry(i), geometries[i]);
         state.position = geometries[i].position;
         state.size = geometries[i].size;
         state.rotation = geometries[i].rotation;
         states += state;
     }
+    if (!changed)
+        return;
     m_document.setGeometries(
-        states, tr("Change the geometry of %1").arg(m_document.titleOf(m_widgets)), mergeKey);
+        states, tr("Change the geometry of %1").arg(m_document.titleOf(m_widgets)), -1 - changed);
     tell();
 }
 

@@ -131,6 +131,11 @@ void tst_PropertyPanel::writesCanBeUndone()
     QCOMPARE(gauge.state().position.x(), 33.0);
     m_bench->document.undoStack().undo();
     QCOMPARE(x.data(Qt::EditRole).toDouble(), before);
+    const int steps = m_bench->document.undoStack().index();
+    for (const int width : {60, 61, 62})
+        QVERIFY(m_bench->model().setData(x.siblingAtRow(2), width, Qt::EditRole));
+    QVERIFY(m_bench->model().setData(x, 70, Qt::EditRole));
+    QCOMPARE(m_bench->document.undoStack().index(), steps + 2);
 }
 
 void tst_PropertyPanel::theWidgetsOwnWrites()
