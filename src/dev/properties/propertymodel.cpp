@@ -282,6 +282,11 @@ QVariant PropertyModel::nameData(const PropertyItem &item, int role) const
     }
 }
 
+static bool isReferenceKind(const ValueKind &kind)
+{
+    return kind.type == FieldType::Tag || kind.type == FieldType::Trend;
+}
+
 QVariant PropertyModel::valueData(const PropertyItem &item, int role) const
 {
     if (item.isGroup())
@@ -290,7 +295,6 @@ QVariant PropertyModel::valueData(const PropertyItem &item, int role) const
         return inLanguage(propertyValue(item, m_source), m_source.language());
     };
     const ValueKind &kind = item.part.kind;
-    const bool isReference = kind.type == FieldType::Tag || kind.type == FieldType::Trend;
     switch (role) {
     case Qt::DisplayRole:
         return item.isDifferent ? differentText() : shortValueText(value(), kind);
@@ -304,7 +308,8 @@ QVariant PropertyModel::valueData(const PropertyItem &item, int role) const
         return item.isDifferent ? Qt::PartiallyChecked
                                 : (value().toBool() ? Qt::Checked : Qt::Unchecked);
     case KindRole:
-        return QVariant::fromValue(isReference ? bindingKind(item.field, m_source) : kind);
+        return QVariant::fromValue(isReferenceKind(kind) ? bindingKind(item.field, m_source)
+                                                         : kind);
     default:
         return {};
     }
@@ -347,11 +352,6 @@ bool PropertyModel::setData(const QModelIndex &index, const QVariant &value, int
         return setEdited(row, value);
     bind(row, value.toString());
     return true;
-}
-
-static bool isReferenceKind(const ValueKind &kind)
-{
-    return kind.type == FieldType::Tag || kind.type == FieldType::Trend;
 }
 
 //! Of the value that the row is a part of, or of the binding.

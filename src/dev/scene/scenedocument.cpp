@@ -279,10 +279,13 @@ void SceneDocument::bind(const QList<PlacedWidget *> &widgets, const QString &fi
         after += widgets[i]->state();
         setOrRemove(after.last().bindings, fieldId, names[i], names[i].isEmpty());
     }
-    const QString text = names.join(QString()).isEmpty() ? tr("Detach %1 of %2 from its tag")
-                                                         : tr("Attach %1 of %2 to a tag");
-    if (!widgets.isEmpty())
-        changeStates(after, text.arg(widgets.first()->fieldTitle(fieldId), titleOf(widgets)));
+    if (widgets.isEmpty())
+        return;
+    const QString field = widgets.first()->fieldTitle(fieldId);
+    const QString &name = names.first();
+    changeStates(after, name.isEmpty()
+                            ? tr("Detach %1 of %2").arg(field, titleOf(widgets))
+                            : tr("Attach %1 of %2 to %3").arg(field, titleOf(widgets), name));
 }
 
 // A trend may have the same name.
