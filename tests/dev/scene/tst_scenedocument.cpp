@@ -36,6 +36,7 @@ private Q_SLOTS:
     void modeAndReloadKeepValues();
     void whatTheLibraryLacks();
     void removedWidgetsComeBackInPlace();
+    void textsInWords();
     void editsOfTheData_data();
     void editsOfTheData();
     void editsOfTheDataMerge();
@@ -251,6 +252,35 @@ void tst_SceneDocument::removedWidgetsComeBackInPlace()
     QCOMPARE(document.widgets().last()->item()->zValue(), 4.0);
     document.undoStack().undo();
     QCOMPARE(names(), before);
+}
+
+// A person reads titles, not ids.
+void tst_SceneDocument::textsInWords()
+{
+    SceneDocument &document = m_bench->document;
+    m_bench->data.loadDefaults();
+    gauge();
+    PlacedWidget &widget = gauge();
+    const QUndoStack &steps = document.undoStack();
+    QCOMPARE(steps.undoText(), u("Place Gauge"));
+    document.setFieldValue(widget, u("value"), 3.0);
+    QCOMPARE(steps.undoText(), u("Set Value of Gauge 2"));
+    document.bind(widget, u("value"), u("level"));
+    QCOMPARE(steps.undoText(), u("Attach Value of Gauge 2 to level"));
+    QVERIFY(document.place(u("alarmList"), u("1.0.0"), {}));
+    m_bench->data.alarms().apply(1, AlarmAction::Raise);
+    Q_EMIT widget.widget()->fieldIsChanged(u("maximum"), 7.0);
+    document.setLanguage(u("it-IT"));
+    document.setFieldValue(widget, u("value"), 4.0);
+    QCOMPARE(steps.undoText(), u("Set Valore of Indicatore a lancetta 2"));
+    document.remove(document.widgets());
+    QCOMPARE(steps.undoText(), u("Delete 3 widgets"));
+    m_bench->events.flush();
+    QStringList texts;
+    for (int row = 0; row < m_bench->events.rowCount(); ++row)
+        texts += m_bench->events.record(row).text;
+    QVERIFY(texts.contains(u("door open: triggered, not acknowledged")));
+    QVERIFY(texts.contains(u("Maximum = 7")));
 }
 
 static const struct
