@@ -72,14 +72,29 @@ void PageOverlay::paint(QPainter &painter, const PageDrag *drag) const
     }
 }
 
+// A pen takes as long for a thousand widgets as the widgets themselves.
+static void fillOutline(QPainter &painter, const QPoint &from, const QPoint &to,
+                        const QColor &color)
+{
+    for (const QRect &side :
+         {QRect(from, QPoint(to.x(), from.y())), QRect(QPoint(from.x(), to.y()), to),
+          QRect(from, QPoint(from.x(), to.y())), QRect(QPoint(to.x(), from.y()), to)})
+        painter.fillRect(side, color);
+}
+
 void PageOverlay::paintFrames(QPainter &painter) const
 {
+    const QColor color = m_view.palette().color(QPalette::Highlight);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(m_view.palette().color(QPalette::Highlight), onlyWidget() ? 1.5 : 1));
+    painter.setPen(QPen(color, onlyWidget() ? 1.5 : 1));
     for (const PlacedWidget *widget : m_document.selection()) {
-        // Smooth outlines of a thousand widgets take as long as the widgets themselves.
-        painter.setRenderHint(QPainter::Antialiasing, widget->state().rotation != 0);
-        painter.drawPolygon(m_view.viewportTransform().map(cornersOf(widget->state())));
+        const bool isRotated = widget->state().rotation != 0;
+        const QPolygonF corners = m_view.viewportTransform().map(cornersOf(widget->state()));
+        painter.setRenderHint(QPainter::Antialiasing, isRotated);
+        if (onlyWidget() || isRotated)
+            painter.drawPolygon(corners);
+        else
+            fillOutline(painter, corners[0].toPoint(), corners[2].toPoint(), color);
     }
     painter.setRenderHint(QPainter::Antialiasing);
 }
