@@ -28,8 +28,7 @@ static const struct
     {"reset", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Reset"), AlarmAction::Reset}};
 
 AlarmsPanel::AlarmsPanel(TestData &testData)
-    : DataPanel(testData.alarms(), QStringLiteral("alarms"), tr("Alarms"))
-    , m_data(testData)
+    : DataPanel(testData, testData.alarms(), QStringLiteral("alarms"), tr("Alarms"))
     , m_editor(new AlarmEditor)
 {
     addEditButtons();
@@ -44,7 +43,7 @@ AlarmsPanel::AlarmsPanel(TestData &testData)
     header->resizeSection(AlarmTable::TimeColumn, 70);
     connect(m_editor, &AlarmEditor::edited, this, [this](const Alarm &alarm) {
         if (currentRow() >= 0)
-            m_data.alarms().edit(currentRow(), alarm);
+            m_data.edit([&] { m_data.alarms().edit(currentRow(), alarm); });
     });
     connect(&testData.alarms(), &AlarmTable::refused, this, &AlarmsPanel::showMessage);
     const auto setTags = [this] { m_editor->setTags(m_data.tags().names()); };
@@ -123,7 +122,7 @@ void AlarmsPanel::addAlarm()
 void AlarmsPanel::duplicateAlarm()
 {
     if (currentRow() >= 0)
-        setCurrentRow(m_data.alarms().duplicate(currentRow()));
+        m_data.edit([this] { setCurrentRow(m_data.alarms().duplicate(currentRow())); });
 }
 
 void AlarmsPanel::removeAlarm()

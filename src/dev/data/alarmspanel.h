@@ -33,7 +33,6 @@ private:
     void removeAlarm();
     void toggleEnabled();
 
-    TestData &m_data;
     AlarmEditor *m_editor;
 };
 

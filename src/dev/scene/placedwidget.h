@@ -60,6 +60,10 @@ public:
     const WidgetMetaInformation &description() const { return m_description; }
     //! Why there is no instance.
     QString missingReason() const;
+    //! What a person calls it: the name, with the widget's display name in place of its id.
+    QString title() const;
+    //! What a person calls a field or its font; the id for one that the library does not have.
+    QString fieldTitle(const QString &fieldId) const;
     //! The description of a field, or of the field that such a font belongs to.
     FieldMetaInformation field(const QString &fieldId) const;
     //! The running instance and its item; null for a widget that could not be made.
