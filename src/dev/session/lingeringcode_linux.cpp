@@ -32,8 +32,9 @@ static Finishers finishersOf(const link_map &library)
     return finishers;
 }
 
-// The handle is never closed, so that the library stays mapped; then the system does not run its
-// static destructors before the end of the process, when they no longer do anything.
+// The handle is never closed, so that the library stays mapped. The system would run its static
+// destructors at the end of the process only, so they are run here; then they do nothing.
+// (Functions that a plugin has marked as destructors by hand do run twice.)
 void unloadButKeepMemory(const QString &libraryPath, const std::function<void()> &unload)
 {
     void *handle = dlopen(QFile::encodeName(libraryPath).constData(), RTLD_LAZY | RTLD_NOLOAD);
