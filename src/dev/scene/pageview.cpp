@@ -2,6 +2,7 @@
 
 #include "scene/handlegeometry.h"
 #include "scene/pagedrag.h"
+#include "scene/pagepictures.h"
 #include "scene/thrownby.h"
 #include "touch/touchsimulator.h"
 
@@ -44,6 +45,7 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     : QGraphicsView(&document.graphicsScene(), parent)
     , m_document(document)
     , m_touchSimulator(std::make_unique<TouchSimulator>(*viewport()))
+    , m_pictures(std::make_unique<PagePictures>(document, *this))
 {
     setAccessibleName(tr("Page"));
     viewport()->setAccessibleName(accessibleName());
@@ -196,7 +198,9 @@ struct PaintedDevice : QPaintDevice
 // for one: it leaves its painter at work.
 void PageView::paintEvent(QPaintEvent *event)
 {
+    m_pictures->startFrame(event->region());
     const QString thrown = thrownBy([&] { QGraphicsView::paintEvent(event); });
+    m_pictures->endFrame();
     if (thrown.isEmpty())
         return;
     if (QBackingStore *store = viewport()->backingStore())

@@ -9,6 +9,7 @@
 namespace NARV::DEV {
 
 class PageDrag;
+class PagePictures;
 class TouchSimulator;
 struct Handle;
 
@@ -81,6 +82,7 @@ private:
 
     SceneDocument &m_document;
     std::unique_ptr<TouchSimulator> m_touchSimulator;
+    std::unique_ptr<PagePictures> m_pictures;
     std::unique_ptr<PageDrag> m_drag;
     QRectF m_overlayArea; //!< when it was updated last, in scene units
     QPoint m_panStart;

@@ -140,8 +140,9 @@ private:
 
     WidgetHost host() const;
     void makeWidget(PlacedWidget &widget);
+    void unmakeWidgets();
     void makeWidgets();
-    void forgetLibrary();
+    void makePlaceholders();
     void connectWidget(PlacedWidget &widget);
     void indexBindings();
     void followRenamedTag(const QString &from, const QString &to);
