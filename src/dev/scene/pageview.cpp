@@ -223,18 +223,33 @@ QPointF PageView::viewPosition(const PlacedWidget &widget, const Handle &handle)
     return viewportTransform().map(position);
 }
 
+// A pen takes as long for a thousand widgets as the widgets themselves.
+static void fillOutline(QPainter &painter, const QPoint &from, const QPoint &to,
+                        const QColor &color)
+{
+    for (const QRect &side :
+         {QRect(from, QPoint(to.x(), from.y())), QRect(QPoint(from.x(), to.y()), to),
+          QRect(from, QPoint(from.x(), to.y())), QRect(QPoint(to.x(), from.y()), to)})
+        painter.fillRect(side, color);
+}
+
 void PageView::drawSelection(QPainter &painter) const
 {
     const QColor color = palette().color(QPalette::Highlight);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(color, m_document.selection().size() == 1 ? 1.5 : 1));
+    const bool isOne = m_document.selection().size() == 1;
+    painter.setPen(QPen(color, isOne ? 1.5 : 1));
     for (const PlacedWidget *widget : m_document.selection()) {
-        // Smooth outlines of a thousand widgets take as long as the widgets themselves.
-        painter.setRenderHint(QPainter::Antialiasing, widget->state().rotation != 0);
-        painter.drawPolygon(viewportTransform().map(cornersOf(widget->state())));
+        const bool isRotated = widget->state().rotation != 0;
+        const QPolygonF corners = viewportTransform().map(cornersOf(widget->state()));
+        painter.setRenderHint(QPainter::Antialiasing, isRotated);
+        if (isOne || isRotated)
+            painter.drawPolygon(corners);
+        else
+            fillOutline(painter, corners[0].toPoint(), corners[2].toPoint(), color);
     }
     painter.setRenderHint(QPainter::Antialiasing);
-    if (m_document.selection().size() != 1)
+    if (!isOne)
         return;
     const PlacedWidget &widget = *m_document.currentWidget();
     painter.drawLine(viewPosition(widget, {0, -1}), viewPosition(widget, {0, 0}));
