@@ -3,11 +3,13 @@
 #include <QRegion>
 #include <QSize>
 
+#include <zpplugin_dev_export.h>
+
 namespace NARV::DEV {
 
 //! Gives the widgets of a page their turns to paint, so that a frame with many of them takes no
 //! longer than input can wait. Each frame goes on where the one before has run out of time.
-class PaintTurns
+class ZPPLUGIN_DEV_EXPORT PaintTurns
 {
 public:
     void startFrame(const QRegion &exposed, const QSize &viewSize);

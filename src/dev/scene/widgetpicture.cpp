@@ -23,8 +23,8 @@ WidgetPicture::~WidgetPicture()
 
 void WidgetPicture::forget()
 {
-    m_turns->exchange(m_pixmap.size(), {0, 0});
-    m_pixmap = {};
+    m_turns->exchange(m_image.size(), {0, 0});
+    m_image = {};
 }
 
 void WidgetPicture::sourceChanged(ChangeFlags)
@@ -45,7 +45,7 @@ static bool isWhole(double pixels)
 
 bool WidgetPicture::isUpToDate(const QTransform &toView) const
 {
-    return !m_isOutdated && !m_pixmap.isNull() && isSameShape(m_place, toView) &&
+    return !m_isOutdated && !m_image.isNull() && isSameShape(m_place, toView) &&
            isWhole(toView.dx() - m_place.dx()) && isWhole(toView.dy() - m_place.dy());
 }
 
@@ -73,8 +73,28 @@ void WidgetPicture::draw(QPainter *painter)
         drawSource(painter);
         return;
     }
-    if (!m_pixmap.isNull())
+    if (!m_image.isNull())
         show(*painter);
+}
+
+//! Fonts have the size that they would have on the screen.
+static void copyResolution(const QPaintDevice &from, QImage &to)
+{
+    static constexpr double metersPerInch = 0.0254;
+    to.setDevicePixelRatio(from.devicePixelRatioF());
+    to.setDotsPerMeterX(qRound(from.logicalDpiX() / metersPerInch));
+    to.setDotsPerMeterY(qRound(from.logicalDpiY() / metersPerInch));
+}
+
+//! What a widget finds set in the view's painter, which it may rely on.
+static void copyDefaults(const QPainter &from, QPainter &to)
+{
+    to.setRenderHints(from.renderHints());
+    to.setFont(from.font());
+    to.setPen(from.pen());
+    to.setBrush(from.brush());
+    to.setBackground(from.background());
+    to.setLayoutDirection(from.layoutDirection());
 }
 
 //! False if the picture takes too much memory.
@@ -82,21 +102,26 @@ bool WidgetPicture::paint(const QPainter &painter, const QRect &area)
 {
     const double ratio = painter.device()->devicePixelRatioF();
     const QSize size = (QSizeF(area.size()) * ratio).toSize();
-    if (!m_turns->exchange(m_pixmap.size(), size))
+    if (!m_turns->exchange(m_image.size(), size))
         return false;
     QElapsedTimer timer;
     timer.start();
-    if (m_pixmap.size() != size)
-        m_pixmap = QPixmap(size);
-    m_pixmap.setDevicePixelRatio(ratio);
-    m_pixmap.fill(Qt::transparent);
+    if (m_image.size() != size)
+        m_image = QImage(size, QImage::Format_ARGB32_Premultiplied);
+    copyResolution(*painter.device(), m_image);
+    m_image.fill(Qt::transparent);
     m_corner = area.topLeft();
     m_place = painter.worldTransform();
     m_isOutdated = false;
-    QPainter picturePainter(&m_pixmap);
-    picturePainter.setRenderHints(painter.renderHints());
+    QPainter picturePainter(&m_image);
+    copyDefaults(painter, picturePainter);
     picturePainter.setWorldTransform(m_place * QTransform::fromTranslate(-area.x(), -area.y()));
-    drawSource(&picturePainter);
+    try {
+        drawSource(&picturePainter);
+    } catch (...) { // the toolkit has saved the state and comes no further
+        picturePainter.restore();
+        throw;
+    }
     m_turns->spend(timer.nsecsElapsed());
     return true;
 }
@@ -111,7 +136,7 @@ void WidgetPicture::show(QPainter &painter) const
         isShift ? QTransform::fromTranslate(toView.dx() - m_place.dx(), toView.dy() - m_place.dy())
                 : m_place.inverted() * toView);
     painter.setOpacity(1);
-    painter.drawPixmap(m_corner, m_pixmap);
+    painter.drawImage(m_corner, m_image);
     painter.restore();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QGraphicsEffect>
-#include <QPixmap>
+#include <QImage>
 #include <QTransform>
 
 #include <memory>
@@ -38,7 +38,7 @@ private:
 
     const QGraphicsItem &m_item;
     std::shared_ptr<PaintTurns> m_turns;
-    QPixmap m_pixmap;
+    QImage m_image;
     QPoint m_corner;    //!< of the picture, where it was painted
     QTransform m_place; //!< from the item to the view, when it was painted
     bool m_isOutdated = false;
