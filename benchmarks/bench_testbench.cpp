@@ -546,7 +546,7 @@ int main(int argc, char **argv)
                       {
                           {"a tick per widget, of 1000 / of 100", "tick/1000", "tick/100", 1.3},
                           {"the same without painting", "delivery/1000", "delivery/100", 1.3},
-                          {"selecting all and none / painting all", "selecting", "painting", 0.6},
+                          {"selecting all and none / painting all", "selecting", "painting", 0.3},
                           {"placing a widget, of 1000 / of 100", "placing/1000/iterations:1",
                            "placing/100/iterations:1", 1.5},
                       });
