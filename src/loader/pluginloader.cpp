@@ -3,6 +3,7 @@
 #include "core/currentexception_p.h"
 #include "core/uuidtext_p.h"
 #include "loader/platform.h"
+#include "loader/pluginlibrary_p.h"
 #include "loader/widgetlibraryplugindata.h"
 
 #include <NARV/INTERNAL/WidgetLibraryPluginMetaInformation>
@@ -45,66 +46,11 @@ static bool refuse(const QString &message)
     return false;
 }
 
-//! Runs plugin code, which may throw what it likes. The text says what was thrown; null if nothing.
-template<typename Code>
-static QString exceptionOf(Code code)
+//! Where the library of a plugin's folder lies.
+static QString libraryPathIn(const QFileInfo &folder)
 {
-    try {
-        code();
-    } catch (...) {
-        return currentExceptionText();
-    }
-    return {};
+    return PluginPlatform::running().libraryPath(folder.absoluteFilePath(), folder.fileName());
 }
-
-namespace {
-
-//! A library on its way in. Unless somebody takes it, it is unloaded and unmapped in the end.
-class Library
-{
-public:
-    explicit Library(const QString &path)
-        : m_loader(new QPluginLoader(path))
-    {
-    }
-    Library(const Library &) = delete;
-    Library &operator=(const Library &) = delete;
-    ~Library()
-    {
-        // Also when it does not count as loaded: one without a root object is mapped all the same.
-        if (m_loader)
-            m_loader->unload();
-    }
-
-    QJsonObject metaData() const { return m_loader->metaData(); }
-    QPluginLoader *take() { return m_loader.release(); }
-
-    //! Loads the library and returns its root object; null, and why in error, if that fails.
-    QObject *instance(QString &error);
-
-private:
-    std::unique_ptr<QPluginLoader> m_loader;
-};
-
-QObject *Library::instance(QString &error)
-{
-    // By default a library stays mapped for good.
-    m_loader->setLoadHints({});
-    QObject *root = nullptr;
-    // load() counts this loader as a user of the library, which instance() does not do when
-    // another loader has it loaded already.
-    error = exceptionOf([&] {
-        if (m_loader->load())
-            root = m_loader->instance();
-    });
-    if (root && m_loader->isLoaded())
-        return root;
-    if (error.isNull())
-        error = m_loader->errorString();
-    return nullptr;
-}
-
-} // namespace
 
 PluginLoader::PluginLoader()
     : d(new PluginLoaderPrivate)
@@ -139,22 +85,37 @@ bool PluginLoader::loadFromDir(const QString &dirPath, const QStringList &disabl
 {
     if (!canLoadFrom(dirPath))
         return false;
-    bool result = true;
+    struct Candidate
+    {
+        QFileInfo folder;
+        std::unique_ptr<PluginLibrary> library;
+    };
+    std::vector<Candidate> candidates;
+    // To read the metadata of all in a row is a good deal faster than in turn with loading and
+    // describing, which work on other memory.
     QDirIterator folders(dirPath, QDir::Dirs | QDir::NoDotAndDotDot);
     while (folders.hasNext()) {
         folders.next();
-        result &= loadFolder(folders.fileInfo(), disabledPluginIds);
+        const QFileInfo folder = folders.fileInfo();
+        const bool isWanted =
+            isUuidText(folder.fileName()) && !disabledPluginIds.contains(folder.fileName());
+        candidates.push_back(
+            {folder, isWanted ? std::make_unique<PluginLibrary>(libraryPathIn(folder)) : nullptr});
     }
+    bool result = true;
+    for (Candidate &candidate : candidates)
+        result &= loadFolder(candidate.folder, disabledPluginIds, std::move(candidate.library));
     return result;
 }
 
 bool PluginLoader::loadFromPluginDir(const QString &dirPath)
 {
     // The name of a path such as "." or one that ends in a separator is that of the folder.
-    return canLoadFrom(dirPath) && loadFolder(QFileInfo(QDir(dirPath).absolutePath()), {});
+    return canLoadFrom(dirPath) && loadFolder(QFileInfo(QDir(dirPath).absolutePath()), {}, nullptr);
 }
 
-bool PluginLoader::loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds)
+bool PluginLoader::loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds,
+                              std::unique_ptr<PluginLibrary> library)
 {
     const QString path = folder.absoluteFilePath();
     const QString id = folder.fileName();
@@ -173,21 +134,27 @@ bool PluginLoader::loadFolder(const QFileInfo &folder, const QStringList &disabl
                 .arg(id, loaded->libraryPath(), path));
         return false;
     }
-    return loadFromPluginPath(PluginPlatform::running().libraryPath(path, id), id);
+    if (!library)
+        return loadFromPluginPath(libraryPathIn(folder), id);
+    return isNotInited() && loadLibrary(*library, id);
 }
 
 bool PluginLoader::loadFromPluginPath(const QString &libraryPath, const QString &expectedId)
 {
-    QElapsedTimer timer;
-    timer.start();
     if (!isNotInited())
         return false;
+    PluginLibrary library(QFileInfo(libraryPath).absoluteFilePath());
+    return loadLibrary(library, expectedId);
+}
 
-    const QString path = QFileInfo(libraryPath).absoluteFilePath();
+bool PluginLoader::loadLibrary(PluginLibrary &library, const QString &expectedId)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const QString &path = library.path();
     const auto refuseWith = [&](const QString &reason) {
         return refuse(QStringLiteral("Error loading the plugin %1: %2").arg(path, reason));
     };
-    Library library(path);
     const QJsonObject json = library.metaData();
     const QString iid = json.value(interfaceIdKey).toString();
     if (iid.isEmpty())
@@ -214,11 +181,12 @@ bool PluginLoader::loadFromPluginPath(const QString &libraryPath, const QString 
 
     const QString loaded = QStringLiteral("Plugin %1 (v%2) loaded, author %3")
                                .arg(id, info->version().version(), info->author());
-    const double milliseconds = double(timer.nsecsElapsed()) * millisecondsPerNanosecond;
+    const qint64 nanoseconds = library.readingNanoseconds() + timer.nsecsElapsed();
     // Not before the new record stands: the old one may be of the same library.
     const std::unique_ptr<PluginData> replaced(d->pluginData.value(id));
-    d->pluginData.insert(id, new WidgetLibraryPluginData(path, library.take(), plugin,
-                                                         info.release(), milliseconds));
+    d->pluginData.insert(
+        id, new WidgetLibraryPluginData(path, library.take(), plugin, info.release(),
+                                        double(nanoseconds) * millisecondsPerNanosecond));
     log(&LogHandler::info, loadingCategory, id, loaded);
     return true;
 }

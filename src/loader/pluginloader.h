@@ -19,6 +19,7 @@ class Plugin;
 namespace NARV::INTERNAL {
 
 class PluginData;
+class PluginLibrary;
 class PluginLoaderPrivate;
 
 //! Finds widget-library plugins on disk, checks and loads them, keeps one record per plugin, and
@@ -115,7 +116,10 @@ private:
 
     bool isNotInited() const;
     bool canLoadFrom(const QString &dirPath) const;
-    bool loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds);
+    //! The library is that of the folder if it has been opened already, else null.
+    bool loadFolder(const QFileInfo &folder, const QStringList &disabledPluginIds,
+                    std::unique_ptr<PluginLibrary> library);
+    bool loadLibrary(PluginLibrary &library, const QString &expectedId);
     void notify(Hook hook);
 
     const std::unique_ptr<PluginLoaderPrivate> d;

@@ -12,12 +12,15 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QToolButton>
 
 #include <thread>
 
@@ -325,6 +328,18 @@ void tst_Console::consolePanel()
     pattern->setText(u("%{LINE}"));
     QVERIFY(fault->isHidden());
     QCOMPARE(relay.pattern(), u("%{LINE}"));
+    pattern->home(false);
+    const QMenu *menu = panel.findChild<QToolButton *>(u("insertPlaceholder"))->menu();
+    menu->actions().last()->trigger();
+    QCOMPARE(relay.pattern(), u("%{TIME hh:mm:ss.zzz}%{LINE}"));
+
+    panel.findChild<QAction *>(u("save"))->trigger();
+    auto *dialog = panel.findChild<QFileDialog *>();
+    const QString proposed = QFileInfo(dialog->selectedFiles().value(0)).fileName();
+    QVERIFY2(proposed.startsWith(u("console-")) && proposed.endsWith(u(".txt")),
+             qPrintable(proposed));
+    QVERIFY(dialog->nameFilters().size() > 1);
+    dialog->close();
     panel.findChild<QAction *>(u("clear"))->trigger();
     QCOMPARE(log.rowCount(), 0);
 }

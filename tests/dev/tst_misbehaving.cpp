@@ -2,8 +2,10 @@
 
 #include <NARV/DEV/WidgetLibraryPluginTestWidget>
 
+#include <QAction>
 #include <QGraphicsView>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void cleanup();
     void whatHappenedIsTold_data();
     void whatHappenedIsTold();
+    void whatItWroteOutlivesItsCode();
     void throwingInAHandler();
     void throwingOnInput();
     void muchAtOnce_data();
@@ -95,6 +98,20 @@ void tst_Misbehaving::whatHappenedIsTold()
     QTest::qWait(50);
     QCOMPARE(notices.size(), 1);
     QCOMPARE(m_bench->fieldValue(m_culprit, u("fault")), u(""));
+}
+
+// The id of a field that the widget has written is a text in the memory of its library.
+void tst_Misbehaving::whatItWroteOutlivesItsCode()
+{
+    setFault(u("write"));
+    QTRY_VERIFY(m_bench->fieldValue(m_culprit, u("count")).toInt() > 0);
+    setFault({});
+    m_bench->findChild<QAction *>(u("close"))->trigger();
+    QVERIFY(!m_bench->isPluginLoaded());
+    const QTemporaryDir folder;
+    QVERIFY(m_bench->saveScene(folder.filePath(u("page.json"))));
+    m_bench->openPlugin(QStringLiteral(MISBEHAVING));
+    QVERIFY(m_bench->fieldValue(m_culprit, u("count")).toInt() > 0);
 }
 
 void tst_Misbehaving::throwingInAHandler()

@@ -137,8 +137,10 @@ void tst_PluginSession::failures()
     relay.install();
     PluginSession session;
     session.setLogRelay(&relay);
+    QVERIFY(session.open(u(BUILD_1)));
     session.setProbeCommand(QCoreApplication::applicationFilePath(), {}, 1);
     QSignalSpy failed(&session, &PluginSession::failed);
+    QSignalSpy opened(&session, &PluginSession::opened);
     const QString file = row.number > 0 ? faulty(row.number) : path(row.file);
     const bool isRunning = row.way == Loading ? session.openAnyway(file) : session.open(file);
     QCOMPARE(isRunning, row.way == Probing);
@@ -153,7 +155,17 @@ void tst_PluginSession::failures()
     QVERIFY2(!words.contains(u("zpplugin-bench-")), qPrintable(words));
     QVERIFY2(failure.advice.contains(u(row.advice)), qPrintable(failure.advice));
     QCOMPARE(failure.mayTry, row.kind == Kind::Crash || row.kind == Kind::Hang);
-    QVERIFY(!session.isLoaded() && !session.isProbing() && !session.library() && !session.plugin());
+    // What was open before still is.
+    QVERIFY(session.isLoaded() && !session.isProbing() && opened.isEmpty());
+    QCOMPARE(session.plugin()->objectName(), u("1"));
+    QCOMPARE(session.path(), file);
+    session.giveUp();
+    QCOMPARE(session.path(), u(BUILD_1));
+    session.close();
+    QVERIFY(!session.isLoaded() && !session.library() && !session.plugin());
+    session.openAnyway(path("text.so"));
+    session.giveUp();
+    QCOMPARE(session.path(), QString());
 }
 
 void tst_PluginSession::opensGallery()
@@ -173,6 +185,8 @@ void tst_PluginSession::opensGallery()
         // The texts in other languages come out of the library's own resources.
         const auto lamp = session.library()->widgetsLatestVersion().value(u("lamp"));
         QCOMPARE(lamp.display().get(u("it-IT"), false), u("Spia"));
+        const QString resources = u(":/") + session.library()->id();
+        QVERIFY(QFileInfo::exists(resources));
         QVERIFY(session.reload());
         QCOMPARE(unloading.size(), 0); // not before the outcome is known
         QTRY_COMPARE_WITH_TIMEOUT(loaded.size(), 2, patienceMs);
@@ -180,6 +194,7 @@ void tst_PluginSession::opensGallery()
         session.close();
         QCOMPARE(unloading.size(), 2);
         QVERIFY(session.path().isEmpty() && !session.isLoaded() && !session.reload());
+        QVERIFY(!QFileInfo::exists(resources));
     }
     takeLog();
 }
@@ -208,12 +223,21 @@ void tst_PluginSession::followsTheFile()
     write(file, builds[0]);
     QTRY_VERIFY_WITH_TIMEOUT(isBuild("1"), patienceMs);
     QCOMPARE(failed.size(), 1);
-    // A bad build leaves nothing open; the next good one is.
+    // A bad build leaves the former one open, until there is a good one again.
     replace(file, "no library");
     QTRY_COMPARE_WITH_TIMEOUT(failed.size(), 2, patienceMs);
-    QVERIFY(!session.isLoaded());
+    QVERIFY(isBuild("1"));
     QVERIFY(QDir(path("build")).removeRecursively());
     write(file, builds[1]);
+    QTRY_VERIFY_WITH_TIMEOUT(isBuild("2"), patienceMs);
+    // Built while another one was to be opened.
+    QVERIFY(!session.open(path("text.so")));
+    replace(file, builds[0]);
+    QTest::qWait(500);
+    QVERIFY(isBuild("2"));
+    session.giveUp();
+    QTRY_VERIFY_WITH_TIMEOUT(isBuild("1"), patienceMs);
+    replace(file, builds[1]);
     QTRY_VERIFY_WITH_TIMEOUT(isBuild("2"), patienceMs);
     session.setAutoReload(false);
     replace(file, builds[0]);
@@ -267,11 +291,11 @@ void tst_PluginSession::failureCard()
     QSignalSpy retry(&card, &FailureCard::retryRequested);
     QSignalSpy anyway(&card, &FailureCard::loadAnywayRequested);
     LoadFailure failure = LoadFailure::of(Kind::Crash, u("/a/b"), u("It crashed"), {u("signal")});
-    card.setFailure(failure);
+    card.setFailure(failure, u("&Back"));
     auto *button = card.findChild<QPushButton *>(u("loadAnyway"));
     QVERIFY(button->isHidden());
     failure.mayTry = true;
-    card.setFailure(failure);
+    card.setFailure(failure, u("&Back"));
     QVERIFY(!button->isHidden());
     button->click();
     QCOMPARE(anyway[0][0].toString(), u("/a/b"));

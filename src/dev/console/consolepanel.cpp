@@ -6,9 +6,11 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QToolButton>
 
 namespace NARV::DEV {
 
@@ -76,27 +78,52 @@ void ConsolePanel::fillCategories()
     m_categories->setCurrentIndex(qMax(0, m_categories->findText(current)));
 }
 
+//! Its menu puts a placeholder where the cursor is.
+static QToolButton *newInsertButton(QLineEdit &edit)
+{
+    auto *button = new QToolButton;
+    button->setObjectName(QStringLiteral("insertPlaceholder"));
+    button->setText(ConsolePanel::tr("Insert"));
+    button->setToolTip(ConsolePanel::tr("What a record can say"));
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setPopupMode(QToolButton::InstantPopup);
+    auto *menu = new QMenu(button);
+    const QStringList withFormat(QStringLiteral("%{TIME hh:mm:ss.zzz}"));
+    for (const QString &placeholder : messagePatternPlaceholders() + withFormat)
+        QObject::connect(menu->addAction(placeholder), &QAction::triggered, &edit,
+                         [&edit, placeholder] {
+                             edit.insert(placeholder);
+                             edit.setFocus();
+                         });
+    button->setMenu(menu);
+    return button;
+}
+
 void ConsolePanel::buildPattern()
 {
     auto *row = new QWidget;
-    auto *layout = new QVBoxLayout(row);
+    auto *layout = new QGridLayout(row);
     layout->setContentsMargins(2, 0, 2, 0);
     auto *edit = new QLineEdit(m_relay.pattern());
     edit->setObjectName(QStringLiteral("pattern"));
     edit->setAccessibleName(tr("Message pattern"));
-    edit->setPlaceholderText(tr("Message pattern"));
-    edit->setToolTip(tr("How the text of new records is made. Placeholders: %1 and %{TIME format}.")
-                         .arg(messagePatternPlaceholders().join(QLatin1Char(' '))));
+    edit->setPlaceholderText(tr("Message pattern, such as %{TYPE} %{FILE}:%{LINE} %{MESSAGE}"));
+    edit->setToolTip(tr("How the text of new records is made"));
     m_patternProblem = new QLabel;
     m_patternProblem->setObjectName(QStringLiteral("patternProblem"));
     m_patternProblem->setWordWrap(true);
-    layout->addWidget(edit);
-    layout->addWidget(m_patternProblem);
+    layout->addWidget(edit, 0, 0);
+    layout->addWidget(newInsertButton(*edit), 0, 1);
+    layout->addWidget(m_patternProblem, 1, 0, 1, 2);
     row->hide();
     addRow(row);
     QAction *toggle = addAction(QStringLiteral("showPattern"), "properties", tr("Message pattern"));
     toggle->setCheckable(true);
-    connect(toggle, &QAction::toggled, row, &QWidget::setVisible);
+    connect(toggle, &QAction::toggled, row, [row, edit](bool isOn) {
+        row->setVisible(isOn);
+        if (isOn)
+            edit->setFocus();
+    });
     connect(edit, &QLineEdit::textChanged, this, &ConsolePanel::checkPattern);
     checkPattern(edit->text());
 }

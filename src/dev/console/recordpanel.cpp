@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDateTime>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -247,6 +248,10 @@ void RecordPanel::askAndSave()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("txt"));
+    dialog->setNameFilters(
+        {tr("Text, tabs between the columns (*.txt *.tsv *.log)"), tr("All files (*)")});
+    const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    dialog->selectFile(QStringLiteral("%1-%2.txt").arg(objectName(), time));
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
         QString message;
         if (saveTo(path, message))

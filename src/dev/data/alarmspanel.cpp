@@ -12,6 +12,8 @@
 
 namespace NARV::DEV {
 
+static const int roomyLetters = 50;
+
 //! The buttons that act on the current alarm; names are those of icons.
 static const struct
 {
@@ -26,8 +28,7 @@ static const struct
     {"reset", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Reset"), AlarmAction::Reset}};
 
 AlarmsPanel::AlarmsPanel(TestData &testData)
-    : DataPanel(testData.alarms(), QStringLiteral("alarms"), tr("Alarms"))
-    , m_data(testData)
+    : DataPanel(testData, testData.alarms(), QStringLiteral("alarms"), tr("Alarms"))
     , m_editor(new AlarmEditor)
 {
     addEditButtons();
@@ -42,7 +43,7 @@ AlarmsPanel::AlarmsPanel(TestData &testData)
     header->resizeSection(AlarmTable::TimeColumn, 70);
     connect(m_editor, &AlarmEditor::edited, this, [this](const Alarm &alarm) {
         if (currentRow() >= 0)
-            m_data.alarms().edit(currentRow(), alarm);
+            m_data.edit([&] { m_data.alarms().edit(currentRow(), alarm); });
     });
     connect(&testData.alarms(), &AlarmTable::refused, this, &AlarmsPanel::showMessage);
     const auto setTags = [this] { m_editor->setTags(m_data.tags().names()); };
@@ -80,12 +81,23 @@ void AlarmsPanel::addMenu()
 
 void AlarmsPanel::addEditButtons()
 {
-    addButton(
+    QToolButton *add = addButton(
         QStringLiteral("add"), tr("Add alarm"), [this] { addAlarm(); }, Qt::Key_Insert);
+    add->setMinimumWidth(add->sizeHint().width());
+    add->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     addButton(
         QStringLiteral("remove"), tr("Remove alarm"), [this] { removeAlarm(); },
         QKeySequence::Delete);
     addGap();
+}
+
+// There are many buttons: in a narrow panel the text of one makes room.
+void AlarmsPanel::resizeEvent(QResizeEvent *event)
+{
+    const bool isNarrow = width() < roomyLetters * fontMetrics().averageCharWidth();
+    button(QStringLiteral("add"))
+        ->setToolButtonStyle(isNarrow ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    DataPanel::resizeEvent(event);
 }
 
 void AlarmsPanel::showCurrent()
@@ -110,7 +122,7 @@ void AlarmsPanel::addAlarm()
 void AlarmsPanel::duplicateAlarm()
 {
     if (currentRow() >= 0)
-        setCurrentRow(m_data.alarms().duplicate(currentRow()));
+        m_data.edit([this] { setCurrentRow(m_data.alarms().duplicate(currentRow())); });
 }
 
 void AlarmsPanel::removeAlarm()

@@ -22,6 +22,7 @@ public:
 
 protected:
     void showCurrent() override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void addMenu();
@@ -32,7 +33,6 @@ private:
     void removeAlarm();
     void toggleEnabled();
 
-    TestData &m_data;
     AlarmEditor *m_editor;
 };
 

@@ -169,16 +169,18 @@ QVector<AlarmInfo> AlarmTable::active() const
     return active;
 }
 
-void AlarmTable::insert(const Alarm &alarm, bool isPassing)
+void AlarmTable::insert(int row, const Alarm &alarm, bool isPassing)
 {
-    const int row = m_entries.size();
     Entry entry{alarm, false, isPassing};
     entry.alarm.info.name =
         freeName(alarm.info.name.trimmed(), [this](const QString &name) { return contains(name); });
     entry.alarm.info.timestamp = m_clock.now();
     beginInsertRows({}, row, row);
-    m_entries.append(entry);
-    indexRow(row);
+    m_entries.insert(row, entry);
+    if (row == m_entries.size() - 1)
+        indexRow(row);
+    else
+        rebuildIndex();
     endInsertRows();
     if (isActive(entry.alarm.info))
         Q_EMIT alarmChanged(AlarmInfo(entry.alarm.info));
@@ -187,11 +189,16 @@ void AlarmTable::insert(const Alarm &alarm, bool isPassing)
 int AlarmTable::add(const Alarm &alarm)
 {
     const int row = m_entries.size();
-    insert(alarm, false);
+    insert(row, alarm);
+    return row;
+}
+
+void AlarmTable::insert(int row, const Alarm &alarm)
+{
+    insert(row, alarm, false);
     Q_EMIT modified();
     if (const int tagRow = m_tags.find(alarm.info.tagName); tagRow >= 0)
         checkRow(row, m_tags.value(tagRow));
-    return row;
 }
 
 int AlarmTable::duplicate(int row)
@@ -408,7 +415,7 @@ void AlarmTable::restore(const QVector<Alarm> &snapshot)
 void AlarmTable::addPassing(const QVector<Alarm> &alarms)
 {
     for (const Alarm &alarm : alarms)
-        insert(alarm, true);
+        insert(m_entries.size(), alarm, true);
 }
 
 bool AlarmTable::isPassing(int row) const

@@ -90,12 +90,14 @@ public:
 
     //! The new row. A name that is taken gets a number.
     int add(const Alarm &alarm);
+    void insert(int row, const Alarm &alarm);
     int duplicate(int row);
     //! An alarm that was active is told once more, as disabled.
     void remove(int row);
     //! Everything but state, time and tag value, which go on. Returns why nothing was changed,
     //! empty if all went well.
     QString edit(int row, const Alarm &alarm);
+    void assign(int row, const Alarm &alarm) { edit(row, alarm); }
     void replaceAll(const QVector<Alarm> &alarms);
     void renameTag(const QString &from, const QString &to);
 
@@ -144,7 +146,7 @@ private:
 
     QVariant display(const Alarm &alarm, int column) const;
     void setState(int row, AlarmInfo::State state, const QVariant &tagValue);
-    void insert(const Alarm &alarm, bool isPassing);
+    void insert(int row, const Alarm &alarm, bool isPassing);
     void checkRow(int row, const QVariant &value);
     void rowHasChanged(int row);
     void rebuildIndex();

@@ -1,6 +1,7 @@
 #include "data/datapanel.h"
 
 #include "data/choicedelegate.h"
+#include "data/testdata.h"
 #include "window/icons.h"
 
 #include <QHeaderView>
@@ -20,10 +21,33 @@ namespace NARV::DEV {
 static constexpr int messageTime = 6000;
 static constexpr int offerTime = 20000;
 
-DataPanel::DataPanel(QAbstractItemModel &model, const QString &name, const QString &title)
-    : m_bar(new QHBoxLayout)
+//! The rows that fit the filter. What is edited in them is done by a person.
+class DataPanel::Rows : public QSortFilterProxyModel
+{
+public:
+    Rows(TestData &data, QObject *parent)
+        : QSortFilterProxyModel(parent)
+        , m_data(data)
+    {
+    }
+
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override
+    {
+        bool isTaken = false;
+        m_data.edit([&] { isTaken = QSortFilterProxyModel::setData(index, value, role); });
+        return isTaken;
+    }
+
+private:
+    TestData &m_data;
+};
+
+DataPanel::DataPanel(TestData &testData, QAbstractItemModel &model, const QString &name,
+                     const QString &title)
+    : m_data(testData)
+    , m_bar(new QHBoxLayout)
     , m_splitter(new QSplitter(Qt::Vertical))
-    , m_proxy(new QSortFilterProxyModel(this))
+    , m_proxy(new Rows(testData, this))
     , m_table(new QTableView)
     , m_messageBar(new QWidget)
     , m_message(new QLabel)
@@ -66,7 +90,7 @@ void DataPanel::buildMessage()
     connect(m_takeBackButton, &QToolButton::clicked, this, [this] {
         const auto takeBack = m_takeBack; // as the row that comes withdraws the offer
         if (takeBack)
-            setCurrentRow(takeBack());
+            m_data.edit([&] { setCurrentRow(takeBack()); });
         m_table->setFocus();
     });
 }
@@ -158,7 +182,7 @@ QToolButton *DataPanel::addButton(const QString &name, const QString &text,
                                            text, key.toString(QKeySequence::NativeText)));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
-    connect(button, &QToolButton::clicked, this, act);
+    connect(button, &QToolButton::clicked, this, [this, act] { m_data.edit(act); });
     if (!key.isEmpty())
         connect(new QShortcut(key, m_table, nullptr, nullptr, Qt::WidgetShortcut),
                 &QShortcut::activated, button, &QToolButton::click);

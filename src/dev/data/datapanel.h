@@ -10,13 +10,14 @@
 class QAbstractItemModel;
 class QBoxLayout;
 class QLabel;
-class QSortFilterProxyModel;
 class QSplitter;
 class QTableView;
 class QTimer;
 class QToolButton;
 
 namespace NARV::DEV {
+
+class TestData;
 
 //! What the panels of the test data have in common: a row of buttons, a table of a model with a
 //! filter, beside or above it what belongs to the current row, and a line for messages.
@@ -30,9 +31,10 @@ public:
     void setCurrentRow(int row);
 
 protected:
-    //! The model has to outlive the panel. The name is the panel's object name and the beginning of
-    //! those of its parts.
-    DataPanel(QAbstractItemModel &model, const QString &name, const QString &title);
+    //! Data and its model have to outlive the panel. The name is the panel's object name and the
+    //! beginning of those of its parts.
+    DataPanel(TestData &testData, QAbstractItemModel &model, const QString &name,
+              const QString &title);
     ~DataPanel() override;
 
     QTableView &table() { return *m_table; }
@@ -53,7 +55,10 @@ protected:
 
     void resizeEvent(QResizeEvent *event) override;
 
+    TestData &m_data;
+
 private:
+    class Rows;
     void buildMessage();
     void buildTable(QAbstractItemModel &model, const QString &title);
     void connectModel(QAbstractItemModel &model);
@@ -63,7 +68,7 @@ private:
     QHash<QString, QToolButton *> m_buttons;
     QBoxLayout *m_bar;
     QSplitter *m_splitter;
-    QSortFilterProxyModel *m_proxy;
+    Rows *m_proxy;
     QTableView *m_table;
     QWidget *m_messageBar;
     QLabel *m_message;

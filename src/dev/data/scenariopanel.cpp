@@ -27,16 +27,16 @@ ScenarioPanel::ScenarioPanel(TestData &testData)
     buildLayout();
     fillTags();
     fillScenarios();
-    m_restore->setEnabled(testData.scenarios().isActive());
     connect(&testData, &TestData::tagsChanged, this, &ScenarioPanel::fillTags);
     connect(m_list, &QListWidget::currentRowChanged, this, &ScenarioPanel::showScenario);
     connect(m_list, &QListWidget::itemActivated, this, &ScenarioPanel::run);
     connect(m_run, &QPushButton::clicked, this, &ScenarioPanel::run);
     connect(m_restore, &QPushButton::clicked, &testData.scenarios(), &ScenarioPlayer::restore);
     connect(&testData.scenarios(), &ScenarioPlayer::activeChanged, this, [this] {
-        m_restore->setEnabled(m_data.scenarios().isActive());
+        showActive();
         showScenario(); // what was done is undone
     });
+    showActive();
     showScenario();
 }
 
@@ -84,6 +84,21 @@ void ScenarioPanel::fillScenarios()
         item->setToolTip(scenario.description());
     }
     m_list->setCurrentRow(0);
+}
+
+void ScenarioPanel::showActive()
+{
+    const QStringList &active = m_data.scenarios().active();
+    m_restore->setEnabled(!active.isEmpty());
+    for (int row = 0; row < m_list->count(); ++row) {
+        QListWidgetItem *item = m_list->item(row);
+        const bool isActive = active.contains(scenarios().at(row).title());
+        QFont font = m_list->font();
+        font.setBold(isActive);
+        item->setFont(font);
+        item->setText(isActive ? tr("%1 (active)").arg(scenarios().at(row).title())
+                               : scenarios().at(row).title());
+    }
 }
 
 void ScenarioPanel::showScenario()

@@ -27,6 +27,7 @@ private:
     void buildLayout();
     void fillTags();
     void fillScenarios();
+    void showActive();
     void showScenario();
     void run();
 

@@ -16,27 +16,26 @@ ScenarioPlayer::~ScenarioPlayer() = default;
 
 int ScenarioPlayer::run(const Scenario &scenario, const QStringList &tags)
 {
-    if (!m_isActive)
+    if (m_active.isEmpty())
         m_alarms = m_data.alarms().snapshot();
     const int count = scenario.action(m_data, tags.isEmpty() ? m_data.tags().names() : tags);
-    setActive(m_isActive || count > 0);
+    if (count > 0 && !m_active.contains(scenario.title()))
+        setActive(m_active + QStringList(scenario.title()));
     return count;
 }
 
 void ScenarioPlayer::restore()
 {
-    if (!m_isActive)
+    if (m_active.isEmpty())
         return;
     m_data.tags().release(m_data.tags().names());
     m_data.alarms().restore(m_alarms);
-    setActive(false);
+    setActive({});
 }
 
-void ScenarioPlayer::setActive(bool active)
+void ScenarioPlayer::setActive(const QStringList &titles)
 {
-    if (active == m_isActive)
-        return;
-    m_isActive = active;
+    m_active = titles;
     Q_EMIT activeChanged();
 }
 

@@ -3,6 +3,7 @@
 #include "data/alarmtable.h"
 
 #include <QObject>
+#include <QStringList>
 #include <QVector>
 
 #include <zpplugin_dev_export.h>
@@ -27,17 +28,18 @@ public:
     int run(const Scenario &scenario, const QStringList &tags = {});
     //! Tags show their own values again, added alarms go, and alarms are in the state of before.
     void restore();
-    bool isActive() const { return m_isActive; }
+    //! The titles of those whose doings last, in the order in which they were run.
+    const QStringList &active() const { return m_active; }
 
 Q_SIGNALS:
     void activeChanged();
 
 private:
-    void setActive(bool active);
+    void setActive(const QStringList &titles);
 
     TestData &m_data;
     QVector<Alarm> m_alarms; // as they were
-    bool m_isActive = false;
+    QStringList m_active;
 };
 
 } // namespace NARV::DEV

@@ -15,8 +15,7 @@
 namespace NARV::DEV {
 
 TagsPanel::TagsPanel(TestData &testData)
-    : DataPanel(testData.tags(), QStringLiteral("tags"), tr("Tags"))
-    , m_data(testData)
+    : DataPanel(testData, testData.tags(), QStringLiteral("tags"), tr("Tags"))
     , m_name(new QLabel)
     , m_value(new TagValueEditor)
     , m_generator(new GeneratorEditor)
@@ -71,7 +70,7 @@ void TagsPanel::addDetails()
     connect(m_value, &TagValueEditor::edited, this, &TagsPanel::moveByHand);
     connect(m_generator, &GeneratorEditor::edited, this, [this](const auto &settings) {
         if (currentRow() >= 0)
-            m_data.tags().setGenerator(currentRow(), settings);
+            m_data.edit([&] { m_data.tags().setGenerator(currentRow(), settings); });
     });
 }
 
@@ -123,8 +122,10 @@ void TagsPanel::moveByHand(const QVariant &value)
         return;
     GeneratorSettings settings = m_data.tags().tag(row).generator;
     settings.kind = GeneratorKind::None;
-    m_data.tags().setGenerator(row, settings);
-    m_data.tags().write(row, converted);
+    m_data.edit([&] {
+        m_data.tags().setGenerator(row, settings);
+        m_data.tags().write(row, converted);
+    });
 }
 
 void TagsPanel::recordTrend()

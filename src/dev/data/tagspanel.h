@@ -33,7 +33,6 @@ private:
     void moveByHand(const QVariant &value);
     void recordTrend();
 
-    TestData &m_data;
     QLabel *m_name;
     TagValueEditor *m_value;
     GeneratorEditor *m_generator;

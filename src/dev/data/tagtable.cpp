@@ -1,5 +1,6 @@
 #include "data/tagtable.h"
 
+#include "data/csvshelf.h"
 #include "data/namechoice.h"
 
 #include <QDir>
@@ -11,7 +12,12 @@ using Library = INTERNAL::WidgetLibraryPluginMetaInformation;
 
 TagTable::TagTable(QObject *parent)
     : QAbstractTableModel(parent)
+    , m_shelf(std::make_unique<CsvShelf>())
 {
+    connect(m_shelf.get(), &CsvShelf::changed, this, [this] {
+        reload();
+        Q_EMIT filesChanged();
+    });
 }
 
 TagTable::~TagTable() = default;
@@ -63,19 +69,44 @@ QString TagTable::problem(int row) const
 int TagTable::add(const Tag &tag)
 {
     const int row = m_entries.size();
+    insert(row, tag);
+    return row;
+}
+
+void TagTable::insert(int row, const Tag &tag)
+{
     Entry entry{tag, {}, {}};
     entry.tag.name =
         freeName(tag.name.trimmed(), [this](const QString &name) { return contains(name); });
     loadSeries(entry);
     beginInsertRows({}, row, row);
     storeSample(entry, m_elapsed);
-    m_entries.append(entry);
-    m_rows.insert(entry.tag.name, row);
+    m_entries.insert(row, entry);
+    if (row == m_entries.size() - 1)
+        m_rows.insert(entry.tag.name, row);
+    else
+        rebuildIndex();
     endInsertRows();
     Q_EMIT tagsChanged();
     Q_EMIT modified();
     tellValue(row);
-    return row;
+}
+
+void TagTable::assign(int row, const Tag &tag)
+{
+    rename(row, tag.name);
+    Entry &entry = m_entries[row];
+    if (entry.tag.type != tag.type || entry.tag.generator.kind != tag.generator.kind)
+        entry.tag.value = tag.value;
+    entry.tag.type = tag.type;
+    entry.tag.quality = tag.quality;
+    entry.tag.generator = tag.generator;
+    loadSeries(entry);
+    storeSample(entry, m_elapsed);
+    announce(row, row);
+    Q_EMIT tagsChanged();
+    Q_EMIT modified();
+    tellValue(row);
 }
 
 int TagTable::duplicate(int row)
@@ -208,14 +239,20 @@ void TagTable::setBaseFolder(const QString &folder)
     if (m_baseFolder == folder)
         return;
     m_baseFolder = folder;
+    reload();
+}
+
+void TagTable::reload()
+{
     for (Entry &entry : m_entries)
         loadSeries(entry);
     announce(0, m_entries.size() - 1);
+    generate(m_elapsed);
 }
 
-QString TagTable::filePath(const QString &file) const
+std::shared_ptr<const CsvSeries> TagTable::series(const QString &file, CsvValues values) const
 {
-    return file.isEmpty() ? file : QDir(m_baseFolder).filePath(file);
+    return m_shelf->series(file.isEmpty() ? file : QDir(m_baseFolder).filePath(file), values);
 }
 
 void TagTable::force(int row, const QVariant &value, Quality quality)
@@ -285,11 +322,9 @@ void TagTable::rebuildIndex()
 void TagTable::loadSeries(Entry &entry) const
 {
     const GeneratorSettings &generator = entry.tag.generator;
-    entry.series.reset();
-    if (generator.kind != GeneratorKind::CsvPlayback)
-        return;
+    const bool isPlayed = generator.kind == GeneratorKind::CsvPlayback;
     const auto values = entry.tag.type == TagType::String ? CsvValues::Texts : CsvValues::Numbers;
-    entry.series = std::make_shared<CsvSeries>(readCsvSeries(filePath(generator.file), values));
+    entry.series = isPlayed ? series(generator.file, values) : nullptr;
 }
 
 void TagTable::announce(int firstRow, int lastRow)

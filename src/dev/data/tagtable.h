@@ -13,6 +13,8 @@
 
 namespace NARV::DEV {
 
+class CsvShelf;
+
 //! A tag as a scene file keeps it.
 struct Tag
 {
@@ -65,6 +67,10 @@ public:
 
     //! The new row. A name that is taken gets a number.
     int add(const Tag &tag);
+    void insert(int row, const Tag &tag);
+    //! Makes it another one; the value that it has goes along with the type and the kind of
+    //! generator.
+    void assign(int row, const Tag &tag);
     int duplicate(int row);
     void remove(int row);
     //! These return why nothing was changed, empty if all went well.
@@ -77,7 +83,8 @@ public:
     void replaceAll(const QVector<Tag> &tags);
     //! Relative CSV files are looked for here.
     void setBaseFolder(const QString &folder);
-    QString filePath(const QString &file) const;
+    //! What is in a CSV file, read once for all who ask.
+    std::shared_ptr<const CsvSeries> series(const QString &file, CsvValues values) const;
 
     //! Lets the world see any value of any type in place of the tag's own, which goes on beneath,
     //! until it is released or written.
@@ -103,6 +110,8 @@ Q_SIGNALS:
     void renamed(const QString &from, const QString &to);
     void modified();
     void refused(const QString &reason);
+    //! CSV files have other content.
+    void filesChanged();
 
 private:
     struct Forced
@@ -122,6 +131,7 @@ private:
     QString edit(int row, int column, const QVariant &value);
     void rebuildIndex();
     void loadSeries(Entry &entry) const;
+    void reload();
     void announce(int firstRow, int lastRow);
     void tellValue(int row);
     bool storeSample(Entry &entry, qint64 elapsed) const;
@@ -129,6 +139,7 @@ private:
     QVector<Entry> m_entries;
     QHash<QString, int> m_rows;
     QString m_baseFolder;
+    const std::unique_ptr<CsvShelf> m_shelf;
     qint64 m_elapsed = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "data/testdata.h"
 
 #include "data/alarmtable.h"
+#include "data/datacommand.h"
 #include "data/scenarioplayer.h"
 #include "data/simulationclock.h"
 #include "data/tagtable.h"
@@ -8,6 +9,8 @@
 #include "data/trendstore.h"
 
 #include <NARV/LogHandler>
+
+#include <QScopedValueRollback>
 
 namespace NARV::DEV {
 
@@ -34,9 +37,17 @@ void TestData::connectParts()
     connect(m_tags.get(), &TagTable::tagChanged, this, &TestData::tagChanged);
     connect(m_tags.get(), &TagTable::tagsChanged, this, &TestData::tagsChanged);
     connect(m_alarms.get(), &AlarmTable::alarmChanged, this, &TestData::alarmChanged);
-    connect(m_tags.get(), &TagTable::modified, this, &TestData::modified);
-    connect(m_alarms.get(), &AlarmTable::modified, this, &TestData::modified);
-    connect(m_trends.get(), &TrendStore::modified, this, &TestData::modified);
+    connect(m_tags.get(), &TagTable::modified, this, &TestData::noteModified);
+    connect(m_alarms.get(), &AlarmTable::modified, this, &TestData::noteModified);
+    connect(m_trends.get(), &TrendStore::modified, this, &TestData::noteModified);
+}
+
+void TestData::noteModified()
+{
+    if (m_isEditing)
+        m_isModified = true;
+    else if (!m_isReplaying)
+        Q_EMIT modified();
 }
 
 void TestData::advance()
@@ -106,7 +117,36 @@ void TestData::setBaseFolder(const QString &folder)
 
 QJsonObject TestData::toJson() const
 {
-    return writeTestData(*m_tags, *m_trends, *m_alarms);
+    return writeTestData(content());
+}
+
+TestDataContent TestData::content() const
+{
+    TestDataContent content;
+    for (int row = 0; row < m_tags->rowCount(); ++row)
+        content.tags.append(m_tags->tag(row));
+    for (int row = 0; row < m_trends->rowCount(); ++row)
+        content.trends.append(m_trends->trend(row));
+    content.alarms = m_alarms->snapshot();
+    return content;
+}
+
+void TestData::edit(const std::function<void()> &change)
+{
+    if (!m_history || m_isEditing)
+        return change();
+    const TestDataContent before = content();
+    m_isModified = false;
+    {
+        const QScopedValueRollback<bool> editing(m_isEditing,
+                                                 true); // a widget that hears may throw
+        change();
+    }
+    auto step = std::make_unique<DataCommand>(*this, before, content());
+    if (!step->isEmpty())
+        m_history(std::move(step));
+    else if (m_isModified)
+        Q_EMIT modified();
 }
 
 bool TestData::fromJson(const QJsonObject &json, QString &problem)
@@ -121,6 +161,12 @@ bool TestData::fromJson(const QJsonObject &json, QString &problem)
     m_trends->replaceAll(content.trends);
     m_alarms->replaceAll(content.alarms);
     return true;
+}
+
+void TestData::replay(const std::function<void()> &change)
+{
+    const QScopedValueRollback<bool> replaying(m_isReplaying, true);
+    change();
 }
 
 static Tag moving(const QString &name, TagType type, GeneratorKind kind, int period, double minimum,

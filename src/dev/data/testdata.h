@@ -11,7 +11,10 @@
 
 #include <zpplugin_dev_export.h>
 
+#include <functional>
 #include <memory>
+
+class QUndoCommand;
 
 namespace NARV::DEV {
 
@@ -20,6 +23,7 @@ class ScenarioPlayer;
 class SimulationClock;
 class TagTable;
 class TrendStore;
+struct TestDataContent;
 
 //! The machine behind the bench's widgets: tags, trends and alarms, driven by one clock.
 //!
@@ -49,6 +53,19 @@ public:
                         unsigned int count, WidgetActionManager::TrendTimeFormat format) const;
     QVector<AlarmInfo> activeAlarms() const;
 
+    //! Takes what a person does to the data as a step that can be undone. It is done already.
+    using History = std::function<void(std::unique_ptr<QUndoCommand> step)>;
+    //! Without one, which is empty, nothing can be undone.
+    void setHistory(const History &history) { m_history = history; }
+    //! To be called for what a person does. What changes of tags, trends and alarms goes into the
+    //! history: what they are, not the values and states that they have.
+    void edit(const std::function<void()> &change);
+    bool isEditing() const { return m_isEditing; }
+    //! A step of the history is being undone or redone.
+    bool isReplaying() const { return m_isReplaying; }
+    //! Undoes or redoes a step.
+    void replay(const std::function<void()> &change);
+
     //! All that a scene file keeps: tags with their generators, alarms, trends; no history.
     QJsonObject toJson() const;
     //! Replaces everything. False, with nothing changed and a reason that says where, if malformed.
@@ -65,11 +82,13 @@ Q_SIGNALS:
     void tagsChanged();
     //! An alarm has another state, to be told to widgets.
     void alarmChanged(const NARV::AlarmInfo &alarm);
-    //! Something that toJson() keeps has changed.
+    //! Something that toJson() keeps has changed, by no step of the history.
     void modified();
 
 private:
     void connectParts();
+    TestDataContent content() const;
+    void noteModified();
     void advance();
 
     const std::unique_ptr<SimulationClock> m_clock;
@@ -77,6 +96,10 @@ private:
     const std::unique_ptr<TrendStore> m_trends;
     const std::unique_ptr<AlarmTable> m_alarms;
     const std::unique_ptr<ScenarioPlayer> m_scenarios;
+    History m_history;
+    bool m_isEditing = false;
+    bool m_isModified = false; //!< by what is being edited
+    bool m_isReplaying = false;
 };
 
 } // namespace NARV::DEV

@@ -286,18 +286,20 @@ static Alarm readAlarm(JsonReader &in)
 
 // All of it
 
-QJsonObject writeTestData(const TagTable &tags, const TrendStore &trends, const AlarmTable &alarms)
+template<typename Item>
+static QJsonArray writeAll(const QVector<Item> &items, QJsonObject (*write)(const Item &item))
 {
-    QJsonArray tagArray;
-    for (int row = 0; row < tags.rowCount(); ++row)
-        tagArray.append(writeTag(tags.tag(row)));
-    QJsonArray trendArray;
-    for (int row = 0; row < trends.rowCount(); ++row)
-        trendArray.append(writeTrend(trends.trend(row)));
-    QJsonArray alarmArray;
-    for (const Alarm &alarm : alarms.snapshot())
-        alarmArray.append(writeAlarm(alarm));
-    return {{key("tags"), tagArray}, {key("trends"), trendArray}, {key("alarms"), alarmArray}};
+    QJsonArray array;
+    for (const Item &item : items)
+        array.append(write(item));
+    return array;
+}
+
+QJsonObject writeTestData(const TestDataContent &content)
+{
+    return {{key("tags"), writeAll(content.tags, writeTag)},
+            {key("trends"), writeAll(content.trends, writeTrend)},
+            {key("alarms"), writeAll(content.alarms, writeAlarm)}};
 }
 
 QString readTestData(const QJsonObject &json, TestDataContent &content)

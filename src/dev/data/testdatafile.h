@@ -17,7 +17,7 @@ struct TestDataContent
 };
 
 //! What differs from the defaults, so that the file stays readable.
-QJsonObject writeTestData(const TagTable &tags, const TrendStore &trends, const AlarmTable &alarms);
+QJsonObject writeTestData(const TestDataContent &content);
 
 //! Returns the place of the first fault and what is wrong there; empty if all is well.
 QString readTestData(const QJsonObject &json, TestDataContent &content);

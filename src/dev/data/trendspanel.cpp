@@ -14,8 +14,7 @@
 namespace NARV::DEV {
 
 TrendsPanel::TrendsPanel(TestData &testData)
-    : DataPanel(testData.trends(), QStringLiteral("trends"), tr("Trends"))
-    , m_data(testData)
+    : DataPanel(testData, testData.trends(), QStringLiteral("trends"), tr("Trends"))
     , m_plot(new TrendPlot)
 {
     addButtons();
@@ -88,8 +87,8 @@ void TrendsPanel::addOfFile()
         Trend trend;
         trend.name = QFileInfo(file).completeBaseName();
         trend.file = file;
-        const int row = m_data.trends().add(trend);
-        setCurrentRow(row);
+        m_data.edit([&] { setCurrentRow(m_data.trends().add(trend)); });
+        const int row = currentRow();
         showMessage(m_data.trends().problem(row));
     });
     dialog->open();

@@ -28,7 +28,6 @@ private:
     void addOfFile();
     void removeTrend();
 
-    TestData &m_data;
     TrendPlot *m_plot;
 };
 

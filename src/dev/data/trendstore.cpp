@@ -92,6 +92,7 @@ TrendStore::TrendStore(const TagTable &tags, const SimulationClock &clock, QObje
     , m_tags(tags)
     , m_clock(clock)
 {
+    connect(&tags, &TagTable::filesChanged, this, &TrendStore::reload);
 }
 
 TrendStore::~TrendStore() = default;
@@ -130,24 +131,40 @@ QString TrendStore::problem(int row) const
 
 void TrendStore::load(Entry &entry) const
 {
-    entry.series.reset();
-    if (!entry.trend.file.isEmpty())
-        entry.series = std::make_shared<CsvSeries>(
-            readCsvSeries(m_tags.filePath(entry.trend.file), CsvValues::Numbers));
+    entry.series =
+        entry.trend.file.isEmpty() ? nullptr : m_tags.series(entry.trend.file, CsvValues::Numbers);
 }
 
 int TrendStore::add(const Trend &trend)
 {
     const int row = m_entries.size();
+    insert(row, trend);
+    return row;
+}
+
+void TrendStore::insert(int row, const Trend &trend)
+{
     Entry entry{trend, {}, {}};
     entry.trend.name =
         freeName(trend.name.trimmed(), [this](const QString &name) { return contains(name); });
     load(entry);
     beginInsertRows({}, row, row);
-    m_entries.append(entry);
+    m_entries.insert(row, entry);
     endInsertRows();
     trendsHaveChanged();
-    return row;
+}
+
+void TrendStore::assign(int row, const Trend &trend)
+{
+    Entry &entry = m_entries[row];
+    const bool isOtherFile = trend.file != entry.trend.file;
+    if (trend.tagName != entry.trend.tagName)
+        entry.history.clear();
+    entry.trend = trend;
+    if (isOtherFile)
+        load(entry);
+    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+    trendsHaveChanged();
 }
 
 void TrendStore::remove(int row)
@@ -369,20 +386,13 @@ bool TrendStore::setData(const QModelIndex &index, const QVariant &value, int ro
 {
     if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
         return false;
-    Entry &entry = m_entries[index.row()];
-    Trend trend = entry.trend;
+    Trend trend = this->trend(index.row());
     const QString problem = edit(trend, index.column(), value);
     if (!problem.isEmpty()) {
         Q_EMIT refused(problem);
         return false;
     }
-    if (trend.tagName != entry.trend.tagName)
-        entry.history.clear();
-    entry.trend = trend;
-    if (index.column() == SourceColumn)
-        load(entry);
-    Q_EMIT dataChanged(this->index(index.row(), 0), this->index(index.row(), ColumnCount - 1));
-    trendsHaveChanged();
+    assign(index.row(), trend);
     return true;
 }
 

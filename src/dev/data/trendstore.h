@@ -63,6 +63,9 @@ public:
 
     //! The new row. A name that is taken gets a number.
     int add(const Trend &trend);
+    void insert(int row, const Trend &trend);
+    //! Makes it another one; of another tag nothing is known yet.
+    void assign(int row, const Trend &trend);
     void remove(int row);
     //! Forgets what was recorded.
     void clear(int row);

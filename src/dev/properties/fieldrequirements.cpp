@@ -86,6 +86,8 @@ QStringList termsOf(const QString &requirements)
 //! False, with the term that is to blame, if the text is malformed.
 bool readConditions(const QString &requirements, QVector<Condition> &conditions, QString &malformed)
 {
+    if (requirements.isEmpty())
+        return true;
     const bool isJoinedWithAnd = requirements.contains(QLatin1Char('&'));
     for (const QString &term : termsOf(requirements)) {
         Condition condition;
@@ -120,6 +122,16 @@ QString noteOnJoiner(const QVector<Condition> &conditions)
     return translated(" (the last of the conditions joined by \"%1\" decides)").arg(joiner);
 }
 
+QString reportMalformed(const QString &fieldId, const QString &requirements,
+                        const QString &malformed)
+{
+    LogHandler(QString(), nullptr, 0, nullptr, "TESTAPP").critical().debug()
+        << "The requirements" << requirements << "of the field" << fieldId
+        << "is invalid:" << malformed;
+    return translated("The requirements \"%1\" are malformed at \"%2\"")
+        .arg(requirements, malformed);
+}
+
 } // namespace
 
 FieldRequirements::FieldRequirements(const QMap<QString, Field> &fieldsById,
@@ -131,10 +143,9 @@ FieldRequirements::FieldRequirements(const QMap<QString, Field> &fieldsById,
 
 void FieldRequirements::update(const Reader &value)
 {
-    for (auto field = m_fields.cbegin(); field != m_fields.cend(); ++field) {
-        if (!field->requirements.isEmpty())
-            update(field.key(), *field, value);
-    }
+    m_reasons.clear();
+    for (auto field = m_fields.cbegin(); field != m_fields.cend(); ++field)
+        update(field.key(), *field, value);
     for (const Group &group : qAsConst(m_groups))
         group.row->isHidden = std::all_of(group.children.begin(), group.children.end(),
                                           [](const Row *row) { return row->isHidden; });
@@ -142,25 +153,26 @@ void FieldRequirements::update(const Reader &value)
 
 void FieldRequirements::update(const QString &fieldId, const Field &field, const Reader &value)
 {
-    QVector<Condition> conditions;
-    QString malformed;
-    if (!readConditions(field.requirements, conditions, malformed)) {
-        LogHandler(QString(), nullptr, 0, nullptr, "TESTAPP").critical().debug()
-            << "The requirements" << field.requirements << "of the field" << fieldId
-            << "is invalid:" << malformed;
-        m_reasons.insert(fieldId, translated("The requirements \"%1\" are malformed at \"%2\"")
-                                      .arg(field.requirements, malformed));
-        return;
+    Reason reason;
+    for (int widget = 0; widget < field.requirements.size() && reason.text.isEmpty(); ++widget) {
+        QVector<Condition> conditions;
+        QString malformed;
+        reason.widget = widget;
+        if (!readConditions(field.requirements[widget], conditions, malformed)) {
+            reason.text = reportMalformed(fieldId, field.requirements[widget], malformed);
+            m_reasons.insert(fieldId, reason);
+            return;
+        }
+        // However they are joined, each condition overrides the one before.
+        for (const Condition &condition : qAsConst(conditions))
+            reason.text = reasonAgainst(condition, value(widget, condition.fieldId));
+        if (!reason.text.isEmpty())
+            reason.text += noteOnJoiner(conditions);
     }
-    // However they are joined, each condition overrides the one before.
-    QString reason;
-    for (const Condition &condition : qAsConst(conditions))
-        reason = reasonAgainst(condition, value(condition.fieldId));
     for (Row *row : field.rows)
-        row->isHidden = !reason.isEmpty();
-    m_reasons.remove(fieldId);
-    if (!reason.isEmpty())
-        m_reasons.insert(fieldId, reason + noteOnJoiner(conditions));
+        row->isHidden = !reason.text.isEmpty();
+    if (!reason.text.isEmpty())
+        m_reasons.insert(fieldId, reason);
 }
 
 } // namespace NARV::DEV

@@ -2,7 +2,7 @@
 
 #include <QHash>
 #include <QMap>
-#include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QVector>
 
@@ -12,7 +12,8 @@
 
 namespace NARV::DEV {
 
-//! Shows and hides the rows of a widget's fields as the fields' requirements ask, and tells why.
+//! Shows and hides the rows of fields as the fields' requirements ask, and tells why. With several
+//! widgets a row is shown if it would be for each of them.
 class ZPPLUGIN_DEV_EXPORT FieldRequirements
 {
 public:
@@ -23,7 +24,7 @@ public:
     };
     struct Field
     {
-        QString requirements;
+        QStringList requirements; //!< of each widget
         QVector<Row *> rows;
     };
     struct Group
@@ -31,8 +32,14 @@ public:
         Row *row;
         QVector<Row *> children;
     };
-    //! The current value of a field; invalid for an unknown field or without a widget.
-    using Reader = std::function<QVariant(const QString &fieldId)>;
+    //! The current value of a field; invalid for an unknown field.
+    using Reader = std::function<QVariant(int widget, const QString &fieldId)>;
+    //! Why rows are hidden, or could not be judged, in words.
+    struct Reason
+    {
+        QString text; //!< empty if they are shown
+        int widget = 0;
+    };
 
     FieldRequirements() = default;
     FieldRequirements(const QMap<QString, Field> &fieldsById,
@@ -41,16 +48,15 @@ public:
     //! Evaluates all requirements with the values as they are. A malformed one is logged and leaves
     //! the rows of its field as they were.
     void update(const Reader &value);
-    //! Why the rows of the field are hidden, or could not be judged, in words; empty if they are
-    //! shown.
-    QString reason(const QString &fieldId) const { return m_reasons.value(fieldId); }
+    //! Of the rows of the field; the first of the widgets that has one.
+    Reason reason(const QString &fieldId) const { return m_reasons.value(fieldId); }
 
 private:
     void update(const QString &fieldId, const Field &field, const Reader &value);
 
     QMap<QString, Field> m_fields;
     QMap<QString, Group> m_groups;
-    QHash<QString, QString> m_reasons;
+    QHash<QString, Reason> m_reasons;
 };
 
 } // namespace NARV::DEV

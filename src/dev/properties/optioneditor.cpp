@@ -1,13 +1,33 @@
 #include "properties/optioneditor.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QVBoxLayout>
 
+#include <functional>
+
 namespace NARV::DEV {
+
+//! Tells when its list is closed.
+class OptionEditor::Box : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+    void hidePopup() override
+    {
+        const bool wasOpen = view()->isVisible();
+        QComboBox::hidePopup();
+        if (wasOpen && onClosed)
+            onClosed();
+    }
+
+    std::function<void()> onClosed;
+};
 
 OptionEditor::OptionEditor(QWidget *parent)
     : PropertyEditor(parent)
-    , m_box(new QComboBox(this))
+    , m_box(new Box(this))
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -40,6 +60,17 @@ void OptionEditor::setValue(const QVariant &value)
     }
     m_box->setCurrentIndex(position);
     setModified(false);
+}
+
+// The list is all that there is to it: when it closes, the editor does. What was chosen in it is
+// told only after it has closed.
+void OptionEditor::showChoices()
+{
+    m_box->onClosed = [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { finish(Next::Stay); }, Qt::QueuedConnection);
+    };
+    m_box->showPopup();
 }
 
 } // namespace NARV::DEV

@@ -2,8 +2,6 @@
 
 #include "properties/propertyeditor.h"
 
-class QComboBox;
-
 namespace NARV::DEV {
 
 //! One of the choices of its kind, by text. A value that is none of them is kept and shown.
@@ -17,9 +15,11 @@ public:
     void setKind(const ValueKind &kind) override;
     QVariant value() const override;
     void setValue(const QVariant &value) override;
+    void showChoices() override;
 
 private:
-    QComboBox *m_box;
+    class Box;
+    Box *m_box;
 };
 
 } // namespace NARV::DEV

@@ -29,7 +29,7 @@ QWidget *PropertyDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
     editor->setAccessibleName(name.data().toString());
     auto *self = const_cast<PropertyDelegate *>(this); // the base makes editors in const functions
     const QPersistentModelIndex cell(index);
-    const QVariant before = index.data(Qt::EditRole);
+    const QVariant before = index.data(PropertyModel::ValuesRole);
     connect(editor, &PropertyEditor::edited, self,
             [self, editor] { Q_EMIT self->commitData(editor); });
     connect(editor, &PropertyEditor::finished, self,
@@ -56,8 +56,8 @@ void PropertyDelegate::cancel(PropertyEditor *editor, const QPersistentModelInde
                               const QVariant &before)
 {
     auto *model = const_cast<QAbstractItemModel *>(index.model());
-    if (model && index.data(Qt::EditRole) != before)
-        model->setData(index, before, Qt::EditRole);
+    if (model && index.data(PropertyModel::ValuesRole) != before)
+        model->setData(index, before, PropertyModel::ValuesRole);
     Q_EMIT closeEditor(editor, RevertModelCache);
 }
 
@@ -80,7 +80,7 @@ void PropertyDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
         return;
     const QVariant value = open->value();
     open->setModified(false);
-    if (index.data(Qt::EditRole) != value)
+    if (index.data(PropertyModel::DifferentRole).toBool() || index.data(Qt::EditRole) != value)
         model->setData(index, value, Qt::EditRole);
 }
 
@@ -108,14 +108,15 @@ QSize PropertyDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
     return size;
 }
 
-//! Half-way between text and background, in any palette.
+//! A third of the way from the text to the background, so that it can still be read.
 static void mute(QStyleOptionViewItem &option)
 {
     const QColor text = option.palette.color(QPalette::Text);
     const QColor base = option.palette.color(QPalette::Base);
+    const auto mix = [](int of, int with) { return (2 * of + with) / 3; };
     option.palette.setColor(QPalette::Text,
-                            QColor((text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
-                                   (text.blue() + base.blue()) / 2));
+                            QColor(mix(text.red(), base.red()), mix(text.green(), base.green()),
+                                   mix(text.blue(), base.blue())));
 }
 
 //! The name first, as a long value is cut off at its end. A long name leaves room for the value.
@@ -145,8 +146,9 @@ void PropertyDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
     const QString binding = index.data(PropertyModel::BindingRole).toString();
     option->font.setBold(isGroup || index.data(PropertyModel::ChangedRole).toBool());
     option->font.setItalic(index.data(PropertyModel::HiddenRole).toBool());
-    const bool isFixed = isValue && !(index.flags() & Qt::ItemIsEditable);
-    if (!isGroup && (option->font.italic() || isFixed))
+    const bool isPale = isValue && (!(index.flags() & Qt::ItemIsEditable) ||
+                                    index.data(PropertyModel::DifferentRole).toBool());
+    if (!isGroup && (option->font.italic() || isPale))
         mute(*option);
     if (isValue && !binding.isEmpty() && option->text != binding)
         option->text = withBinding(*option, binding);

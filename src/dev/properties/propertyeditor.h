@@ -30,6 +30,8 @@ public:
     virtual QVariant value() const = 0;
     //! Shows a value; does not make the editor modified.
     virtual void setValue(const QVariant &value) = 0;
+    //! Opens the list of choices, of an editor that has one to open.
+    virtual void showChoices() {}
     //! Why what was typed cannot be taken, in words; empty if it can.
     virtual QString problem() const { return {}; }
 

@@ -46,9 +46,8 @@ void PropertyModel::updateRequirements()
     std::vector<bool> before;
     for (const PropertyItem *row : rows)
         before.push_back(row->isHidden);
-    m_tree.requirements.update([this](const QString &id) {
-        return m_source.hasWidget() ? m_source.heldValue(id) : QVariant();
-    });
+    m_tree.requirements.update(
+        [this](int widget, const QString &id) { return m_source.heldValue(widget, id); });
     for (size_t i = 0; i < rows.size(); ++i) {
         if (rows[i]->isHidden != before[i])
             Q_EMIT dataChanged(indexOf(*rows[i], NameColumn), indexOf(*rows[i], TagColumn));
@@ -66,8 +65,8 @@ void PropertyModel::update(const QString &valueId)
 
 void PropertyModel::updateParts(PropertyItem &item)
 {
-    const QVector<ValuePart> parts =
-        valueParts(propertyValue(item, m_source), partContext(item, m_source));
+    item.refresh(m_source);
+    const QVector<ValuePart> parts = propertyParts(item, m_source);
     resizeParts(item, parts.size());
     for (int i = 0; i < parts.size(); ++i) {
         item.children[size_t(i)]->part = parts[i];
@@ -140,13 +139,6 @@ QVariant PropertyModel::headerData(int section, Qt::Orientation orientation, int
     return names[section];
 }
 
-bool PropertyModel::isBindable(const PropertyItem &item) const
-{
-    const int type = item.field.type();
-    return item.isField() && !item.isPart() &&
-           (item.field.tagCanBeAttached() || type == FieldType::Tag || type == FieldType::Trend);
-}
-
 bool PropertyModel::isEntry(const PropertyItem &item) const
 {
     return item.isPart() && item.parent->isField() &&
@@ -163,8 +155,8 @@ bool PropertyModel::isEditable(const PropertyItem &item, int column) const
     if (item.isGroup() && !item.isPart())
         return false;
     if (column == TagColumn)
-        return isBindable(item);
-    if (item.field.readOnly())
+        return item.isBindable;
+    if (item.isReadOnly)
         return false;
     return column == ValueColumn || isMapEntry(item);
 }
@@ -191,14 +183,12 @@ QModelIndex PropertyModel::buddy(const QModelIndex &index) const
     return isName ? index.siblingAtColumn(ValueColumn) : index;
 }
 
-bool PropertyModel::isChanged(const PropertyItem &item) const
+QString PropertyModel::reason(const QString &fieldId) const
 {
-    if (!item.field.isValid())
-        return false;
-    if (!item.isPart())
-        return m_source.isChanged(item.valueId);
-    return m_source.isChanged(item.owner().valueId) &&
-           !isSameValue(propertyValue(item, m_source), propertyDefault(item, m_source));
+    const auto [text, widget] = m_tree.requirements.reason(fieldId);
+    return text.isEmpty() || m_source.widgetCount() == 1
+               ? text
+               : tr("%1: %2").arg(m_source.name(widget), text);
 }
 
 QString PropertyModel::path(const PropertyItem &item) const
@@ -227,8 +217,15 @@ QVariant PropertyModel::data(const QModelIndex &index, int role) const
     static constexpr Reader readers[] = {&PropertyModel::nameData, &PropertyModel::valueData,
                                          &PropertyModel::tagData};
     const PropertyItem &row = item(index);
+    if (role == ValuesRole)
+        return values(row, index.column());
     const QVariant ofColumn = (this->*readers[index.column()])(row, role);
     return ofColumn.isValid() ? ofColumn : rowData(row, role);
+}
+
+static QString differentText()
+{
+    return PropertyModel::tr("(different)");
 }
 
 QVariant PropertyModel::rowData(const PropertyItem &item, int role) const
@@ -238,7 +235,7 @@ QVariant PropertyModel::rowData(const PropertyItem &item, int role) const
         return toolTip(item);
     case Qt::FontRole: {
         QFont font;
-        font.setBold(isChanged(item));
+        font.setBold(item.isChanged);
         return font.bold() ? font : QVariant();
     }
     case IdRole:
@@ -250,17 +247,22 @@ QVariant PropertyModel::rowData(const PropertyItem &item, int role) const
     case ReasonRole:
         return reason(item.field.id());
     case ChangedRole:
-        return isChanged(item);
+        return item.isChanged;
     case BindingRole:
-        return item.isField() ? m_source.binding(item.valueId) : QString();
+        if (item.isBoundDifferently)
+            return differentText();
+        return item.isField() ? m_source.binding(0, item.valueId) : QString();
     case BindableRole:
-        return isBindable(item);
+        return item.isBindable;
     case GroupRole:
         return item.isGroup();
     case EntryRole:
         return isEntry(item);
     case EntriesRole:
-        return isEntry(item) || (item.isField() && hasTextEntries(propertyValue(item, m_source)));
+        return isEntry(item) || (item.isField() && !item.isDifferent &&
+                                 hasTextEntries(propertyValue(item, m_source)));
+    case DifferentRole:
+        return item.isDifferent;
     default:
         return {};
     }
@@ -280,6 +282,11 @@ QVariant PropertyModel::nameData(const PropertyItem &item, int role) const
     }
 }
 
+static bool isReferenceKind(const ValueKind &kind)
+{
+    return kind.type == FieldType::Tag || kind.type == FieldType::Trend;
+}
+
 QVariant PropertyModel::valueData(const PropertyItem &item, int role) const
 {
     if (item.isGroup())
@@ -288,19 +295,21 @@ QVariant PropertyModel::valueData(const PropertyItem &item, int role) const
         return inLanguage(propertyValue(item, m_source), m_source.language());
     };
     const ValueKind &kind = item.part.kind;
-    const bool isReference = kind.type == FieldType::Tag || kind.type == FieldType::Trend;
     switch (role) {
     case Qt::DisplayRole:
-        return shortValueText(value(), kind);
+        return item.isDifferent ? differentText() : shortValueText(value(), kind);
     case Qt::EditRole:
         return value();
     case Qt::DecorationRole:
-        return valueDecoration(value(), kind);
+        return item.isDifferent ? QVariant() : valueDecoration(value(), kind);
     case Qt::CheckStateRole:
-        return kind.type != FieldType::Bool ? QVariant()
-                                            : (value().toBool() ? Qt::Checked : Qt::Unchecked);
+        if (kind.type != FieldType::Bool)
+            return {};
+        return item.isDifferent ? Qt::PartiallyChecked
+                                : (value().toBool() ? Qt::Checked : Qt::Unchecked);
     case KindRole:
-        return QVariant::fromValue(isReference ? bindingKind(item.field, m_source) : kind);
+        return QVariant::fromValue(isReferenceKind(kind) ? bindingKind(item.field, m_source)
+                                                         : kind);
     default:
         return {};
     }
@@ -308,12 +317,15 @@ QVariant PropertyModel::valueData(const PropertyItem &item, int role) const
 
 QVariant PropertyModel::tagData(const PropertyItem &item, int role) const
 {
-    if (!isBindable(item))
+    if (!item.isBindable)
         return {};
     switch (role) {
     case Qt::AccessibleTextRole:
+        return rowData(item, BindingRole);
     case Qt::EditRole:
-        return m_source.binding(item.valueId);
+        return m_source.binding(0, item.valueId);
+    case DifferentRole:
+        return item.isBoundDifferently;
     case KindRole:
         return QVariant::fromValue(bindingKind(item.field, m_source));
     default:
@@ -328,6 +340,8 @@ bool PropertyModel::setData(const QModelIndex &index, const QVariant &value, int
     const PropertyItem &row = item(index);
     if (role == Qt::CheckStateRole)
         return setEdited(row, value.toInt() == Qt::Checked);
+    if (role == ValuesRole)
+        return setValues(row, index.column(), value.toList());
     if (role != Qt::EditRole)
         return false;
     if (index.column() == NameColumn)
@@ -336,36 +350,94 @@ bool PropertyModel::setData(const QModelIndex &index, const QVariant &value, int
         return false;
     if (index.column() == ValueColumn)
         return setEdited(row, value);
-    m_source.bind(row.valueId, value.toString());
+    bind(row, value.toString());
     return true;
+}
+
+//! Of the value that the row is a part of, or of the binding.
+QVariant PropertyModel::values(const PropertyItem &item, int column) const
+{
+    const PropertyItem &owner = item.owner();
+    QVariantList values;
+    for (int i = 0; i < m_source.widgetCount(); ++i)
+        values += column == TagColumn ? m_source.binding(i, owner.valueId)
+                                      : propertyValue(owner, m_source, i);
+    return values;
+}
+
+bool PropertyModel::setValues(const PropertyItem &item, int column, const QVariantList &values)
+{
+    const PropertyItem &owner = item.owner();
+    if (column == TagColumn || isReferenceKind(owner.part.kind))
+        m_source.bind(owner.valueId, QVariant(values).toStringList());
+    else
+        write(owner, [&values](const QVariant &, int widget) { return values.value(widget); });
+    return true;
+}
+
+void PropertyModel::bind(const PropertyItem &item, const QString &name)
+{
+    m_source.bind(item.valueId, QVector<QString>(m_source.widgetCount(), name).toList());
 }
 
 bool PropertyModel::setEdited(const PropertyItem &item, const QVariant &edited)
 {
-    if (item.part.kind.type == FieldType::Tag || item.part.kind.type == FieldType::Trend) {
-        m_source.bind(item.valueId, edited.toString());
+    if (isReferenceKind(item.part.kind)) {
+        bind(item, edited.toString());
         return true;
     }
-    const QVariant before = propertyValue(item, m_source);
-    const QVariant taken = checked(item, edited);
-    const bool isList = taken.userType() == QMetaType::QStringList;
-    write(item, isList ? withEditedList(before, taken.toStringList(), m_source.language())
-                       : withLanguage(before, taken, m_source.language()));
-    const QString tag = m_source.binding(item.owner().valueId);
-    if (m_source.isDriven(tag))
-        Q_EMIT notice(tr("The tag %1 is driven by its generator; set the tag by hand.").arg(tag));
+    const QString language = m_source.language();
+    const ValueKind kind = item.part.kind;
+    QVariant bounded = edited;
+    write(item, [&](const QVariant &before, int widget) {
+        const QVariant taken = checked(item, edited, widget);
+        if (taken != edited)
+            bounded = taken;
+        return taken.userType() == QMetaType::QStringList
+                   ? withEditedList(before, taken.toStringList(), language)
+                   : withLanguage(before, taken, language);
+    });
+    tellOfBound(kind, edited, bounded);
+    tellOfDriver(item);
     return true;
 }
 
+void PropertyModel::tellOfDriver(const PropertyItem &item)
+{
+    for (int i = 0; i < m_source.widgetCount(); ++i) {
+        const QString tag = m_source.binding(i, item.owner().valueId);
+        if (!m_source.isDriven(tag))
+            continue;
+        Q_EMIT notice(tr("The tag %1 is driven by its generator; set the tag by hand.").arg(tag));
+        return;
+    }
+}
+
 // A part is written by writing what it is a part of.
+void PropertyModel::write(const PropertyItem &item, const Change &change)
+{
+    if (item.isPart()) {
+        const ValuePart part = item.part; // the row may go
+        write(*item.parent, [&](const QVariant &whole, int widget) {
+            return part.set(whole, change(part.get(whole), widget));
+        });
+        return;
+    }
+    QVector<QVariant> values;
+    QVector<Geometry> geometries;
+    for (int i = 0; i < m_source.widgetCount(); ++i) {
+        values += change(propertyValue(item, m_source, i), i);
+        geometries += values.last().value<Geometry>();
+    }
+    if (item.valueId == geometryId())
+        m_source.setGeometries(geometries);
+    else
+        m_source.setValues(item.valueId, values);
+}
+
 void PropertyModel::write(const PropertyItem &item, const QVariant &value)
 {
-    if (item.isPart())
-        write(*item.parent, item.part.set(propertyValue(*item.parent, m_source), value));
-    else if (item.valueId == geometryId())
-        m_source.setGeometry(value.value<Geometry>());
-    else
-        m_source.setValue(item.valueId, value);
+    write(item, [&value](const QVariant &, int) { return value; });
 }
 
 static QVariant clamped(const QVariant &value, const ValueKind &kind)
@@ -377,22 +449,27 @@ static QVariant clamped(const QVariant &value, const ValueKind &kind)
     return value;
 }
 
-QVariant PropertyModel::checked(const PropertyItem &item, const QVariant &value)
+//! Within the bounds of the widget's own field.
+QVariant PropertyModel::checked(const PropertyItem &item, const QVariant &value, int widget) const
 {
     const ValueKind &kind = item.part.kind;
     if (kind.type != FieldType::Integer && kind.type != FieldType::Double)
         return value;
-    const QVariant taken = item.isPart()
-                               ? clamped(value, kind)
-                               : INTERNAL::WidgetLibraryPluginUtils::fieldValueCheckBeforeSet(
-                                     kind.type, value, item.valueId, m_source.description());
+    return item.isPart() ? clamped(value, kind)
+                         : INTERNAL::WidgetLibraryPluginUtils::fieldValueCheckBeforeSet(
+                               kind.type, value, item.valueId, m_source.description(widget));
+}
+
+void PropertyModel::tellOfBound(const ValueKind &kind, const QVariant &value, const QVariant &taken)
+{
+    if (kind.type != FieldType::Integer && kind.type != FieldType::Double)
+        return;
     if (taken.toDouble() < value.toDouble())
         Q_EMIT notice(tr("%1 is above the maximum: set to %2.")
                           .arg(valueText(value, kind), valueText(taken, kind)));
     if (taken.toDouble() > value.toDouble())
         Q_EMIT notice(tr("%1 is below the minimum: set to %2.")
                           .arg(valueText(value, kind), valueText(taken, kind)));
-    return taken;
 }
 
 bool PropertyModel::setKey(const PropertyItem &item, int key)
@@ -413,17 +490,28 @@ bool PropertyModel::setKey(const PropertyItem &item, int key)
 void PropertyModel::reset(const QModelIndex &index)
 {
     const PropertyItem &row = item(index);
-    if (!index.isValid() || !row.field.isValid() || row.field.readOnly())
+    if (!index.isValid() || !row.field.isValid() || row.isReadOnly)
         return;
     if (row.isPart() && !isEntry(row))
-        write(row, propertyDefault(row, m_source));
+        write(row,
+              [&](const QVariant &, int widget) { return propertyDefault(row, m_source, widget); });
     else
-        m_source.reset(row.owner().valueId);
+        m_source.reset({row.owner().valueId});
+}
+
+void PropertyModel::resetAll()
+{
+    if (!m_source.hasWidget())
+        return;
+    QStringList ids;
+    for (const SharedField &field : sharedFields(m_source))
+        ids << field.first().id() << fontId(field.first().id());
+    m_source.reset(ids);
 }
 
 const PropertyItem *PropertyModel::entriesItem(const QModelIndex &index) const
 {
-    if (!index.isValid() || !index.data(EntriesRole).toBool() || item(index).field.readOnly())
+    if (!index.isValid() || !index.data(EntriesRole).toBool() || item(index).isReadOnly)
         return nullptr;
     const PropertyItem &row = item(index);
     return isEntry(row) ? row.parent : &row;

@@ -4,9 +4,11 @@
 
 #include <QAbstractItemModel>
 
+#include <functional>
+
 namespace NARV::DEV {
 
-//! The fields of a widget as a tree: groups, fields, and the parts of fields that have any.
+//! The fields of the widgets as a tree: groups, fields, and the parts of fields that have any.
 class ZPPLUGIN_DEV_EXPORT PropertyModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -31,7 +33,9 @@ public:
         BindableRole,            //!< a tag or trend can be bound
         GroupRole,               //!< the row is one of a group
         EntryRole,               //!< the row is an entry of a list or map
-        EntriesRole              //!< the row has such entries, or is one
+        EntriesRole,             //!< the row has such entries, or is one
+        DifferentRole,           //!< the widgets differ in it; EditRole has that of the current one
+        ValuesRole               //!< that of each widget, to be written back as it was
     };
 
     //! The source has to outlive the model.
@@ -44,12 +48,14 @@ public:
     //! a value has changed; to be called by those who change what it does not hear of.
     void updateRequirements();
     //! Why the rows of the field are hidden; empty if they are not.
-    QString reason(const QString &fieldId) const { return m_tree.requirements.reason(fieldId); }
+    QString reason(const QString &fieldId) const;
 
     //! The row of a field, of a font or of the geometry.
     QModelIndex indexOf(const QString &valueId, int column = ValueColumn) const;
     //! Gives the row, or the part that it shows, its default.
     void reset(const QModelIndex &index);
+    //! All fields, also those without a row.
+    void resetAll();
     // Of the list or map that the row is or belongs to. An entry is added behind that of the row.
     void addEntry(const QModelIndex &index);
     void removeEntry(const QModelIndex &index);
@@ -83,17 +89,23 @@ private:
     QVariant nameData(const PropertyItem &item, int role) const;
     QString toolTip(const PropertyItem &item) const;
     QString path(const PropertyItem &item) const;
-    bool isChanged(const PropertyItem &item) const;
-    bool isBindable(const PropertyItem &item) const;
     bool isEntry(const PropertyItem &item) const;
     bool isMapEntry(const PropertyItem &item) const;
     bool isEditable(const PropertyItem &item, int column) const;
     const PropertyItem *entriesItem(const QModelIndex &index) const;
 
+    QVariant values(const PropertyItem &item, int column) const;
+    bool setValues(const PropertyItem &item, int column, const QVariantList &values);
     bool setEdited(const PropertyItem &item, const QVariant &edited);
     bool setKey(const PropertyItem &item, int key);
+    void bind(const PropertyItem &item, const QString &name);
+    //! What becomes of the value in one of the widgets.
+    using Change = std::function<QVariant(const QVariant &before, int widget)>;
+    void write(const PropertyItem &item, const Change &change);
     void write(const PropertyItem &item, const QVariant &value);
-    QVariant checked(const PropertyItem &item, const QVariant &value);
+    QVariant checked(const PropertyItem &item, const QVariant &value, int widget) const;
+    void tellOfBound(const ValueKind &kind, const QVariant &value, const QVariant &taken);
+    void tellOfDriver(const PropertyItem &item);
 
     PropertySource &m_source;
     PropertyTree m_tree;

@@ -79,8 +79,6 @@ PropertyPanel::PropertyPanel(PropertySource &source, QWidget *parent)
     connect(&m_filter, &QAbstractItemModel::rowsInserted, this, &PropertyPanel::showMatches);
     connect(&m_filter, &QAbstractItemModel::rowsRemoved, this, &PropertyPanel::showMatches);
     connect(m_search, &QLineEdit::textChanged, this, &PropertyPanel::showMatches);
-    for (auto signal : {&PropertySource::geometryChanged, &PropertySource::nameChanged})
-        connect(&source, signal, this, &PropertyPanel::showName);
     connect(&m_model, &PropertyModel::notice, this,
             [this](const QString &text) { say(text.toHtmlEscaped(), true); });
     connect(m_view, &PropertyView::refused, this,
@@ -125,10 +123,7 @@ QWidget *PropertyPanel::makeTools()
     connect(m_search, &QLineEdit::textChanged, &m_filter, &PropertyFilter::setWords);
     connect(hidden, &QToolButton::toggled, &m_filter, &PropertyFilter::setShowHidden);
     connect(secret, &QToolButton::toggled, &m_model, &PropertyModel::setShowPrivate);
-    connect(reset, &QToolButton::clicked, this, [this] {
-        if (m_source.hasWidget())
-            m_source.resetAll();
-    });
+    connect(reset, &QToolButton::clicked, &m_model, &PropertyModel::resetAll);
     return tools;
 }
 
@@ -164,12 +159,20 @@ QWidget *PropertyPanel::makeInfo()
     return m_infoArea;
 }
 
-void PropertyPanel::showName()
+//! The different kinds of widgets; empty if the library does not have one of them.
+static QStringList kindsOf(const PropertySource &source)
 {
-    if (!m_source.hasWidget())
-        return;
-    m_name->setText(m_source.name());
-    m_name->setToolTip(m_name->text());
+    QStringList kinds;
+    for (int i = 0; i < source.widgetCount(); ++i) {
+        const WidgetMetaInformation &widget = source.description(i);
+        if (!widget.isValid())
+            return {};
+        kinds +=
+            PropertyPanel::tr("%1, version %2")
+                .arg(widget.display().get(source.language(), true), widget.version().version());
+    }
+    kinds.removeDuplicates();
+    return kinds;
 }
 
 void PropertyPanel::showWidget()
@@ -177,15 +180,22 @@ void PropertyPanel::showWidget()
     m_pages->setCurrentIndex(m_source.hasWidget() ? pageWithTree : emptyPage);
     m_info->clear();
     leadFocus();
-    if (!m_source.hasWidget())
+    const int count = m_source.widgetCount();
+    if (count == 0)
         return;
-    const WidgetMetaInformation &widget = m_source.description();
-    showName();
-    m_kind->setText(widget.isValid() ? tr("%1, version %2")
-                                           .arg(widget.display().get(m_source.language(), true),
-                                                widget.version().version())
-                                     : tr("The open library does not have this widget"));
-    m_kind->setToolTip(widget.description().get(m_source.language(), true));
+    m_name->setText(count == 1 ? m_source.name(0) : tr("%1 widgets").arg(count));
+    m_name->setToolTip(m_name->text());
+    const QStringList kinds = kindsOf(m_source);
+    const QString together = kinds.join(QStringLiteral("; "));
+    if (kinds.isEmpty())
+        m_kind->setText(count == 1 ? m_source.missingReason(0)
+                                   : tr("The fields of some of them are not known"));
+    else
+        m_kind->setText(kinds.size() == 1 ? together
+                                          : tr("What %1 kinds have in common").arg(kinds.size()));
+    m_kind->setToolTip(kinds.size() > 1
+                           ? together
+                           : m_source.description(0).description().get(m_source.language(), true));
 }
 
 // The tree would be empty without a word.

@@ -18,8 +18,8 @@ namespace NARV::DEV {
 class PropertyView;
 class SceneDocument;
 
-//! Shows and edits the fields of one widget: its name, a line to search, the tree, and what there
-//! is to say about the current row.
+//! Shows and edits the fields of the selected widgets: their name, a line to search, the tree, and
+//! what there is to say about the current row.
 class ZPPLUGIN_DEV_EXPORT PropertyPanel : public QWidget
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ class ZPPLUGIN_DEV_EXPORT PropertyPanel : public QWidget
 public:
     //! The source has to outlive the panel.
     explicit PropertyPanel(PropertySource &source, QWidget *parent = nullptr);
-    //! For the current widget of the document, which has to outlive the panel.
+    //! For the selected widgets of the document, which has to outlive the panel.
     explicit PropertyPanel(SceneDocument &document, QWidget *parent = nullptr);
 
     //! Shows and hides rows as the requirements of their fields ask, with the values as they are.
@@ -49,7 +49,6 @@ private:
     QWidget *makeTools();
     QWidget *makeEmptyState();
     QWidget *makeInfo();
-    void showName();
     void showWidget();
     void showMatches();
     void leadFocus();

@@ -28,7 +28,8 @@ struct TagName
     INTERNAL::WidgetLibraryPluginMetaInformation::TagType type;
 };
 
-//! The widget that the property tree shows and edits. Writes can be undone where the source can.
+//! The widgets that the property tree shows and edits as one, counted from 0, the current one. Each
+//! write is one step that can be undone where the source can.
 //!
 //! The id of a value is that of its field, or fontId() of a multi-language field. A value is as a
 //! person gives it: of a multi-language field the texts in all languages.
@@ -39,43 +40,46 @@ class ZPPLUGIN_DEV_EXPORT PropertySource : public QObject
 public:
     using QObject::QObject;
 
-    //! False while there is no widget to show; then the rest is of no meaning.
-    virtual bool hasWidget() const = 0;
-    //! The name on the page, and how many others are selected with it.
-    virtual QString name() const = 0;
+    //! With 0 the rest is of no meaning.
+    virtual int widgetCount() const = 0;
+    bool hasWidget() const { return widgetCount() > 0; }
+    //! The name on the page.
+    virtual QString name(int widget) const = 0;
     //! Invalid for a widget that the library does not have.
-    virtual const WidgetMetaInformation &description() const = 0;
+    virtual const WidgetMetaInformation &description(int widget) const = 0;
+    //! Why there is no description.
+    virtual QString missingReason(int widget) const = 0;
     //! The language of labels, and of the texts that the widget gets.
     virtual QString language() const = 0;
     //! Those in which a multi-language field is edited.
     virtual QStringList languages() const = 0;
 
-    virtual QVariant value(const QString &id) const = 0;
+    virtual QVariant value(int widget, const QString &id) const = 0;
     //! What the widget itself holds; invalid for an unknown field.
-    virtual QVariant heldValue(const QString &fieldId) const = 0;
-    virtual QVariant defaultValue(const QString &id) const = 0;
-    virtual bool isChanged(const QString &id) const = 0;
+    virtual QVariant heldValue(int widget, const QString &fieldId) const = 0;
+    virtual QVariant defaultValue(int widget, const QString &id) const = 0;
+    virtual bool isChanged(int widget, const QString &id) const = 0;
     //! The tag or trend bound to the field; empty for none.
-    virtual QString binding(const QString &fieldId) const = 0;
-    virtual Geometry geometry() const = 0;
+    virtual QString binding(int widget, const QString &fieldId) const = 0;
+    virtual Geometry geometry(int widget) const = 0;
     virtual QVector<TagName> tags() const = 0;
     virtual QStringList trends() const = 0;
     //! A running generator overwrites what is written to the tag.
     virtual bool isDriven(const QString &) const { return false; }
 
-    virtual void setValue(const QString &id, const QVariant &value) = 0;
-    virtual void reset(const QString &id) = 0;
-    virtual void resetAll() = 0;
+    // One value for each widget.
+    virtual void setValues(const QString &id, const QVector<QVariant> &values) = 0;
     //! An empty name unbinds.
-    virtual void bind(const QString &fieldId, const QString &name) = 0;
-    virtual void setGeometry(const Geometry &geometry) = 0;
+    virtual void bind(const QString &fieldId, const QStringList &names) = 0;
+    virtual void setGeometries(const QVector<Geometry> &geometries) = 0;
+    //! Of all widgets.
+    virtual void reset(const QStringList &ids) = 0;
 
 Q_SIGNALS:
-    //! A value or a binding is another, whoever caused it.
+    //! A value or a binding of some widget is another, whoever caused it.
     void valueChanged(const QString &id);
     void geometryChanged();
-    void nameChanged();
-    //! Another widget, another description or another language.
+    //! Other widgets, other descriptions or another language.
     void replaced();
 };
 

@@ -1,8 +1,11 @@
 #include "properties/propertytree.h"
 
+#include "properties/textentries.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <functional>
 
 namespace NARV::DEV {
 
@@ -33,8 +36,14 @@ PropertyItem &PropertyItem::add(ValuePart what)
     PropertyItem &child = *children.back();
     child.parent = this;
     child.field = field;
+    child.isReadOnly = isReadOnly;
     child.part = std::move(what);
     return child;
+}
+
+static bool isReference(const FieldMetaInformation &field)
+{
+    return field.type() == FieldType::Tag || field.type() == FieldType::Trend;
 }
 
 QString geometryId()
@@ -42,34 +51,88 @@ QString geometryId()
     return QStringLiteral("geometry."); // fields have no dots
 }
 
-QVariant propertyValue(const PropertyItem &item, const PropertySource &source)
+QVariant propertyValue(const PropertyItem &item, const PropertySource &source, int widget)
 {
     if (item.isPart())
-        return item.part.get(propertyValue(*item.parent, source));
+        return item.part.get(propertyValue(*item.parent, source, widget));
     if (item.valueId == geometryId())
-        return QVariant::fromValue(source.geometry());
-    const int type = item.field.type();
-    const bool isReference = type == FieldType::Tag || type == FieldType::Trend;
-    return isReference ? source.binding(item.valueId) : source.value(item.valueId);
+        return QVariant::fromValue(source.geometry(widget));
+    return isReference(item.field) ? source.binding(widget, item.valueId)
+                                   : source.value(widget, item.valueId);
 }
 
-QVariant propertyDefault(const PropertyItem &item, const PropertySource &source)
+QVariant propertyDefault(const PropertyItem &item, const PropertySource &source, int widget)
 {
     if (item.isPart())
-        return item.part.get(propertyDefault(*item.parent, source));
-    return source.defaultValue(item.valueId);
+        return item.part.get(propertyDefault(*item.parent, source, widget));
+    return source.defaultValue(widget, item.valueId);
 }
 
-PartContext partContext(const PropertyItem &item, const PropertySource &source)
+QVector<ValuePart> propertyParts(const PropertyItem &item, const PropertySource &source)
 {
-    return {item.field, source.language(), source.languages()};
+    const QVariant value = propertyValue(item, source);
+    if (item.isDifferent && hasTextEntries(value))
+        return {};
+    return valueParts(value, {item.field, source.language(), source.languages()});
 }
 
-static QVector<Choice> optionChoices(const FieldMetaInformation &field)
+static bool isChangedIn(int widget, const PropertyItem &item, const PropertySource &source)
+{
+    return source.isChanged(widget, item.owner().valueId) &&
+           (!item.isPart() || !isSameValue(propertyValue(item, source, widget),
+                                           propertyDefault(item, source, widget)));
+}
+
+void PropertyItem::refresh(const PropertySource &source)
+{
+    const int count = source.widgetCount();
+    const QVariant first = propertyValue(*this, source);
+    isDifferent = isBoundDifferently = isChanged = false;
+    for (int i = 1; i < count && !isDifferent && valueId != geometryId(); ++i)
+        isDifferent = !isSameValue(propertyValue(*this, source, i), first);
+    for (int i = 1; i < count && !isBoundDifferently && isBindable; ++i)
+        isBoundDifferently = source.binding(i, valueId) != source.binding(0, valueId);
+    for (int i = 0; i < count && !isChanged && field.isValid(); ++i)
+        isChanged = isChangedIn(i, *this, source);
+}
+
+//! The field of that id in each of the widgets; less than that if not all have it.
+static SharedField fieldOfEach(const QString &id, const PropertySource &source)
+{
+    SharedField fields;
+    for (int i = 0; i < source.widgetCount(); ++i) {
+        const FieldMetaInformation field = source.description(i).fields().value(id);
+        const bool isSame =
+            field.isValid() &&
+            (i == 0 || (field.type() == fields.first().type() &&
+                        field.isMultiLanguageText() == fields.first().isMultiLanguageText()));
+        if (!isSame)
+            break;
+        fields += field;
+    }
+    return fields;
+}
+
+QVector<SharedField> sharedFields(const PropertySource &source)
+{
+    QVector<SharedField> shared;
+    for (const QString &id : source.description(0).fields().keys()) {
+        const SharedField fields = fieldOfEach(id, source);
+        if (fields.size() == source.widgetCount())
+            shared += fields;
+    }
+    return shared;
+}
+
+static QVector<Choice> optionChoices(const SharedField &fields)
 {
     QVector<Choice> choices;
-    for (const QPair<int, QString> &option : field.options())
-        choices.append({option.first, option.second, {}});
+    for (const QPair<int, QString> &option : fields.first().options()) {
+        if (std::all_of(fields.begin(), fields.end(), [&](const FieldMetaInformation &field) {
+                return field.options().contains(option);
+            }))
+            choices.append({option.first, option.second, {}});
+    }
     return choices;
 }
 
@@ -81,12 +144,15 @@ static QVector<Choice> trendChoices(const PropertySource &source)
     return choices;
 }
 
-static QVector<Choice> tagChoices(const FieldMetaInformation &field, const PropertySource &source)
+static QVector<Choice> tagChoices(const QString &fieldId, const PropertySource &source)
 {
-    const auto &accepted = field.tagAcceptedTypes();
+    const auto fields = fieldOfEach(fieldId, source);
     QVector<Choice> choices;
     for (const TagName &tag : source.tags()) {
-        if (accepted.isEmpty() || accepted.contains(tag.type))
+        if (std::all_of(fields.begin(), fields.end(), [&tag](const FieldMetaInformation &field) {
+                const auto &accepted = field.tagAcceptedTypes();
+                return accepted.isEmpty() || accepted.contains(tag.type);
+            }))
             choices.append({tag.name, tag.name,
                             WidgetLibraryPluginMetaInformation::tagTypeToString(tag.type)});
     }
@@ -99,28 +165,26 @@ ValueKind bindingKind(const FieldMetaInformation &field, const PropertySource &s
     return {isTrend ? FieldType::Trend : FieldType::Tag,
             {},
             {},
-            isTrend ? trendChoices(source) : tagChoices(field, source)};
+            isTrend ? trendChoices(source) : tagChoices(field.id(), source)};
 }
 
-static ValuePart fieldRow(const FieldMetaInformation &field, const QString &language)
+static ValuePart fieldRow(const SharedField &fields, bool isFont, const QString &language)
 {
-    return {field.display().get(language, true),
-            {field.type(), field.minimum(), field.maximum(), optionChoices(field)},
-            nullptr,
-            nullptr};
+    const FieldMetaInformation &field = fields.first();
+    const ValueKind font{FieldType::Font, {}, {}, {}};
+    const ValueKind own{field.type(), field.minimum(), field.maximum(), optionChoices(fields)};
+    return {fieldLabel(field, isFont, language), isFont ? font : own, nullptr, nullptr};
 }
 
-static ValuePart fontRow(const FieldMetaInformation &field, const QString &language)
+static bool isBindable(const FieldMetaInformation &field)
 {
-    const QString name = translated(QT_TRANSLATE_NOOP("PropertyTree", "%1: font"))
-                             .arg(field.display().get(language, true));
-    return {name, {FieldType::Font, {}, {}, {}}, nullptr, nullptr};
+    return field.tagCanBeAttached() || isReference(field);
 }
 
 static void addParts(PropertyItem &item, const PropertySource &source)
 {
-    const QVariant value = propertyValue(item, source);
-    for (const ValuePart &part : valueParts(value, partContext(item, source)))
+    item.refresh(source);
+    for (const ValuePart &part : propertyParts(item, source))
         addParts(item.add(part), source);
 }
 
@@ -140,60 +204,68 @@ public:
     void addFields(bool showPrivate);
 
 private:
-    PropertyItem &addValue(PropertyItem &parent, const QString &id, const ValuePart &row,
-                           const FieldMetaInformation &field);
-    void addField(PropertyItem &group, const FieldMetaInformation &field);
+    void addField(PropertyItem &group, const SharedField &fields);
+    PropertyItem &addRow(PropertyItem &group, const SharedField &fields, bool isFont);
 
     PropertyTree &m_tree;
     const PropertySource &m_source;
     QMap<QString, FieldRequirements::Field> m_requirements;
 };
 
-PropertyItem &TreeBuilder::addValue(PropertyItem &parent, const QString &id, const ValuePart &row,
-                                    const FieldMetaInformation &field)
+void TreeBuilder::addGeometry()
 {
-    PropertyItem &item = parent.add(row);
-    item.valueId = id;
-    item.field = field;
-    m_tree.byValueId.insert(id, &item);
+    PropertyItem &item = m_tree.root->add(
+        {translated(QT_TRANSLATE_NOOP("PropertyTree", "Geometry")), {}, nullptr, nullptr});
+    item.valueId = geometryId();
+    m_tree.byValueId.insert(item.valueId, &item);
+    addParts(item, m_source);
+}
+
+PropertyItem &TreeBuilder::addRow(PropertyItem &group, const SharedField &fields, bool isFont)
+{
+    PropertyItem &item = group.add(fieldRow(fields, isFont, m_source.language()));
+    item.field = fields.first();
+    item.valueId = isFont ? fontId(item.field.id()) : item.field.id();
+    item.isReadOnly =
+        std::any_of(fields.begin(), fields.end(), std::mem_fn(&FieldMetaInformation::readOnly));
+    item.isBindable = !isFont && std::all_of(fields.begin(), fields.end(), isBindable);
+    m_tree.byValueId.insert(item.valueId, &item);
     addParts(item, m_source);
     return item;
 }
 
-void TreeBuilder::addGeometry()
+void TreeBuilder::addField(PropertyItem &group, const SharedField &fields)
 {
-    addValue(*m_tree.root, geometryId(),
-             {translated(QT_TRANSLATE_NOOP("PropertyTree", "Geometry")), {}, nullptr, nullptr}, {});
+    FieldRequirements::Field &entry = m_requirements[fields.first().id()];
+    for (const FieldMetaInformation &field : fields)
+        entry.requirements += field.requirements();
+    entry.rows += &addRow(group, fields, false);
+    if (fields.first().isMultiLanguageText())
+        entry.rows += &addRow(group, fields, true);
 }
 
-void TreeBuilder::addField(PropertyItem &group, const FieldMetaInformation &field)
-{
-    const QString language = m_source.language();
-    FieldRequirements::Field &entry = m_requirements[field.id()];
-    entry.requirements = field.requirements();
-    entry.rows += &addValue(group, field.id(), fieldRow(field, language), field);
-    if (field.isMultiLanguageText())
-        entry.rows += &addValue(group, fontId(field.id()), fontRow(field, language), field);
-}
-
-using FieldsByGroup = QMap<QString, QVector<FieldMetaInformation>>;
+using FieldsByGroup = QMap<QString, QVector<SharedField>>;
 
 //! By the name of the group, and by label within.
 FieldsByGroup fieldsByGroup(const PropertySource &source, bool showPrivate)
 {
     const QString language = source.language();
-    const auto isBefore = [&](const FieldMetaInformation &a, const FieldMetaInformation &b) {
-        return a.display().get(language, true).localeAwareCompare(b.display().get(language, true)) <
-               0;
+    const auto label = [&](const SharedField &field) {
+        return field.first().display().get(language, true);
+    };
+    const auto isBefore = [&](const SharedField &a, const SharedField &b) {
+        return label(a).localeAwareCompare(label(b)) < 0;
     };
     FieldsByGroup groups;
-    for (const FieldMetaInformation &field : source.description().fields()) {
-        const QString name = field.group().get(language, true);
+    for (const SharedField &field : sharedFields(source)) {
+        const bool isPrivate =
+            std::any_of(field.begin(), field.end(), std::mem_fn(&FieldMetaInformation::isPrivate));
+        const QString name = field.first().group().get(language, true);
         const QString fallback = translated(QT_TRANSLATE_NOOP("PropertyTree", "General"));
-        if (showPrivate || !field.isPrivate())
+        if (showPrivate || !isPrivate)
             groups[name.isEmpty() ? fallback : name] += field;
     }
-    for (QVector<FieldMetaInformation> &fields : groups)
+    for (QVector<SharedField> &fields : groups)
         std::stable_sort(fields.begin(), fields.end(), isBefore);
     return groups;
 }
@@ -204,7 +276,7 @@ void TreeBuilder::addFields(bool showPrivate)
     QMap<QString, FieldRequirements::Group> groups;
     for (auto it = fields.cbegin(); it != fields.cend(); ++it) {
         PropertyItem &group = m_tree.root->add({it.key(), {}, nullptr, nullptr});
-        for (const FieldMetaInformation &field : *it)
+        for (const SharedField &field : *it)
             addField(group, field);
         FieldRequirements::Group &entry = *groups.insert(it.key(), {&group, {}});
         for (const auto &child : group.children)

@@ -19,6 +19,12 @@ struct PropertyItem : FieldRequirements::Row
     ValuePart part;             //!< name and kind of every row; the functions of parts only
     QString valueId;            //!< of the source's value; empty for groups and parts
     FieldMetaInformation field; //!< that the value belongs to; invalid for groups and geometry
+    bool isReadOnly = false;    //!< in any of the widgets
+    bool isBindable = false;    //!< in all of them
+    // As refresh() has found them.
+    bool isDifferent = false; //!< the widgets have not all the same value
+    bool isBoundDifferently = false;
+    bool isChanged = false; //!< differs from the default in any of them
 
     bool isPart() const { return bool(part.get); }
     bool isGroup() const { return !isPart() && !field.isValid(); }
@@ -28,9 +34,12 @@ struct PropertyItem : FieldRequirements::Row
     //! This row, or the one that it is a part of.
     const PropertyItem &owner() const;
     PropertyItem &add(ValuePart what);
+    //! Compares the values of the widgets.
+    void refresh(const PropertySource &source);
 };
 
-//! All rows for the widget of a source: the geometry, then its fields in groups by name.
+//! All rows for the widgets of a source: the geometry, then the fields that all of them have, by
+//! id and type, in groups by name.
 struct PropertyTree
 {
     PropertyTree() = default;
@@ -41,14 +50,19 @@ struct PropertyTree
     FieldRequirements requirements;
 };
 
+//! A field as each of the widgets describes it.
+using SharedField = QVector<FieldMetaInformation>;
+//! Those that all widgets have; private ones, too.
+QVector<SharedField> sharedFields(const PropertySource &source);
 //! The id of the row of the geometry; no field can have it.
 QString geometryId();
 //! The value of a row, as the source gives it.
-QVariant propertyValue(const PropertyItem &item, const PropertySource &source);
+QVariant propertyValue(const PropertyItem &item, const PropertySource &source, int widget = 0);
 //! The value as it would be after a reset.
-QVariant propertyDefault(const PropertyItem &item, const PropertySource &source);
-PartContext partContext(const PropertyItem &item, const PropertySource &source);
-//! What may be bound to the field, "none" included.
+QVariant propertyDefault(const PropertyItem &item, const PropertySource &source, int widget = 0);
+//! Those of the current widget's value. A list or map that is different has none.
+QVector<ValuePart> propertyParts(const PropertyItem &item, const PropertySource &source);
+//! What may be bound to the field in all widgets.
 ValueKind bindingKind(const FieldMetaInformation &field, const PropertySource &source);
 
 } // namespace NARV::DEV

@@ -59,6 +59,13 @@ bool has(const QModelIndex &row)
     return row.data(role).toBool();
 }
 
+//! The value is chosen from a list.
+bool isOption(const QModelIndex &value)
+{
+    return isEditable(value) &&
+           value.data(PropertyModel::KindRole).value<ValueKind>().type == FieldType::Option;
+}
+
 bool isBound(const QModelIndex &row)
 {
     return !row.data(PropertyModel::BindingRole).toString().isEmpty();
@@ -129,14 +136,22 @@ void PropertyView::editValue(const QString &valueId)
     const QModelIndex index = m_filter.mapFromSource(m_model.indexOf(valueId));
     setCurrentIndex(index);
     if (index.isValid())
-        edit(index);
+        open(index);
+}
+
+//! As a person asks for it: a list of choices is open at once.
+void PropertyView::open(const QModelIndex &index)
+{
+    edit(index);
+    if (auto *editor = qobject_cast<PropertyEditor *>(indexWidget(index)))
+        editor->showChoices();
 }
 
 void PropertyView::editCurrent()
 {
     const QModelIndex index = m_filter.buddy(currentIndex());
     if (index.flags() & Qt::ItemIsEditable)
-        edit(index);
+        open(index);
 }
 
 void PropertyView::editBinding()
@@ -205,7 +220,9 @@ bool PropertyView::event(QEvent *event)
 void PropertyView::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && event->modifiers() == Qt::NoModifier)
+    const bool opensList = event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier &&
+                           isOption(m_filter.buddy(currentIndex()));
+    if (opensList || (isEnter && event->modifiers() == Qt::NoModifier))
         editCurrent();
     else if (const Command *command = commandOf(*event))
         (this->*command->run)();
@@ -217,8 +234,12 @@ void PropertyView::mousePressEvent(QMouseEvent *event)
 {
     QTreeView::mousePressEvent(event);
     const QModelIndex index = indexAt(event->pos());
-    if (event->button() == Qt::LeftButton && index.column() == PropertyModel::TagColumn)
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (index.column() == PropertyModel::TagColumn)
         editBinding();
+    else if (index.column() == PropertyModel::ValueColumn && isOption(index))
+        editCurrent();
 }
 
 void PropertyView::contextMenuEvent(QContextMenuEvent *event)

@@ -44,6 +44,7 @@ private:
     static const Command *commandOf(const QKeyEvent &event);
     void addCommands();
 
+    void open(const QModelIndex &index);
     void editCurrent();
     void editBinding();
     void unbind();

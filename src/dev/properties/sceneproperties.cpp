@@ -4,10 +4,13 @@
 #include "data/tagtable.h"
 #include "data/testdata.h"
 #include "data/trendstore.h"
+#include "properties/propertytree.h"
 #include "scene/scenedocument.h"
 #include "session/pluginsession.h"
 
 #include <NARV/WidgetPrivate>
+
+#include <algorithm>
 
 namespace NARV::DEV {
 
@@ -15,43 +18,73 @@ SceneProperties::SceneProperties(SceneDocument &document, QObject *parent)
     : PropertySource(parent)
     , m_document(document)
 {
-    connect(&document, &SceneDocument::selectionChanged, this, [this] {
-        follow(m_document.currentWidget());
-        Q_EMIT nameChanged();
-    });
-    connect(&document, &SceneDocument::languageChanged, this, &PropertySource::replaced);
-    connect(&document, &SceneDocument::widgetAboutToBeRemoved, this, [this](PlacedWidget *widget) {
-        if (widget == m_widget)
-            follow(nullptr);
-    });
-    follow(document.currentWidget());
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &SceneProperties::tell);
+    connect(&document, &SceneDocument::selectionChanged, this, &SceneProperties::follow);
+    connect(&document, &SceneDocument::languageChanged, this, &SceneProperties::noteReplaced);
+    follow();
 }
 
-void SceneProperties::follow(PlacedWidget *widget)
+void SceneProperties::follow()
 {
-    if (widget == m_widget)
-        return;
-    if (m_widget)
-        m_widget->disconnect(this);
-    m_widget = widget;
-    if (widget) {
-        connect(widget, &PlacedWidget::fieldChanged, this, &PropertySource::valueChanged);
-        connect(widget, &PlacedWidget::geometryChanged, this, &PropertySource::geometryChanged);
-        connect(widget, &PlacedWidget::instanceChanged, this, &PropertySource::replaced);
+    for (PlacedWidget *widget : qAsConst(m_widgets))
+        widget->disconnect(this);
+    m_widgets = m_document.selection();
+    std::reverse(m_widgets.begin(), m_widgets.end());
+    for (PlacedWidget *widget : qAsConst(m_widgets)) {
+        connect(widget, &PlacedWidget::fieldChanged, this, &SceneProperties::note);
+        connect(widget, &PlacedWidget::geometryChanged, this, [this] { note(geometryId()); });
+        connect(widget, &PlacedWidget::instanceChanged, this, &SceneProperties::noteReplaced);
     }
-    Q_EMIT replaced();
+    m_isReplaced = true;
+    tell();
 }
 
-QString SceneProperties::name() const
+void SceneProperties::note(const QString &changedId)
 {
-    const int count = m_document.selection().size();
-    return count < 2 ? m_widget->name()
-                     : tr("%1 (1 of %2 selected)").arg(m_widget->name()).arg(count);
+    m_changedIds += changedId;
+    if (m_widgets.size() < 2)
+        tell();
+    else if (!m_timer.isActive())
+        m_timer.start(0);
 }
 
-const WidgetMetaInformation &SceneProperties::description() const
+void SceneProperties::noteReplaced()
 {
-    return m_widget->description();
+    m_isReplaced = true;
+    note({});
+}
+
+// Of many widgets each says that it has changed, and each time all would be compared.
+void SceneProperties::tell()
+{
+    m_timer.stop();
+    const QSet<QString> ids = std::exchange(m_changedIds, {});
+    if (std::exchange(m_isReplaced, false)) {
+        Q_EMIT replaced();
+        return;
+    }
+    for (const QString &id : ids) {
+        if (id == geometryId())
+            Q_EMIT geometryChanged();
+        else
+            Q_EMIT valueChanged(id);
+    }
+}
+
+QString SceneProperties::name(int widget) const
+{
+    return m_widgets[widget]->name();
+}
+
+const WidgetMetaInformation &SceneProperties::description(int widget) const
+{
+    return m_widgets[widget]->description();
+}
+
+QString SceneProperties::missingReason(int widget) const
+{
+    return m_widgets[widget]->missingReason();
 }
 
 QString SceneProperties::language() const
@@ -69,35 +102,35 @@ QStringList SceneProperties::languages() const
     return codes;
 }
 
-QVariant SceneProperties::value(const QString &id) const
+QVariant SceneProperties::value(int widget, const QString &id) const
 {
-    return m_widget->fieldValue(id);
+    return m_widgets[widget]->fieldValue(id);
 }
 
-QVariant SceneProperties::heldValue(const QString &fieldId) const
+QVariant SceneProperties::heldValue(int widget, const QString &fieldId) const
 {
-    NARV::WidgetPrivate *instance = m_widget->widget();
+    NARV::WidgetPrivate *instance = m_widgets[widget]->widget();
     return instance ? instance->getFieldValue(fieldId, true) : QVariant();
 }
 
-QVariant SceneProperties::defaultValue(const QString &id) const
+QVariant SceneProperties::defaultValue(int widget, const QString &id) const
 {
-    return m_widget->defaultValue(id);
+    return m_widgets[widget]->defaultValue(id);
 }
 
-bool SceneProperties::isChanged(const QString &id) const
+bool SceneProperties::isChanged(int widget, const QString &id) const
 {
-    return m_widget->isFieldChanged(id);
+    return m_widgets[widget]->isFieldChanged(id);
 }
 
-QString SceneProperties::binding(const QString &fieldId) const
+QString SceneProperties::binding(int widget, const QString &fieldId) const
 {
-    return m_widget->binding(fieldId);
+    return m_widgets[widget]->binding(fieldId);
 }
 
-Geometry SceneProperties::geometry() const
+Geometry SceneProperties::geometry(int widget) const
 {
-    const WidgetState &state = m_widget->state();
+    const WidgetState &state = m_widgets[widget]->state();
     return {state.position, state.size, state.rotation};
 }
 
@@ -123,29 +156,53 @@ bool SceneProperties::isDriven(const QString &tag) const
            m_document.testData().clock().isRunning();
 }
 
-void SceneProperties::setValue(const QString &id, const QVariant &value)
+// What a person has done is shown at once.
+
+void SceneProperties::setValues(const QString &id, const QVector<QVariant> &values)
 {
-    m_document.setFieldValue(*m_widget, id, value);
+    m_document.setFieldValues(m_widgets, id, values);
+    tell();
 }
 
-void SceneProperties::reset(const QString &id)
+void SceneProperties::bind(const QString &fieldId, const QStringList &names)
 {
-    m_document.resetField(*m_widget, id);
+    m_document.bind(m_widgets, fieldId, names);
+    tell();
 }
 
-void SceneProperties::resetAll()
+//! A bit for each part.
+static int changedParts(const Geometry &before, const Geometry &after)
 {
-    m_document.resetAllFields(*m_widget);
+    return int(before.position.x() != after.position.x()) |
+           int(before.position.y() != after.position.y()) << 1 |
+           int(before.size.width() != after.size.width()) << 2 |
+           int(before.size.height() != after.size.height()) << 3 |
+           int(before.rotation != after.rotation) << 4;
 }
 
-void SceneProperties::bind(const QString &fieldId, const QString &name)
+void SceneProperties::setGeometries(const QVector<Geometry> &geometries)
 {
-    m_document.bind(*m_widget, fieldId, name);
+    int changed = 0; // parts of the geometry, each of which merges only with itself
+    QList<WidgetState> states;
+    for (int i = 0; i < m_widgets.size(); ++i) {
+        WidgetState state = m_widgets[i]->state();
+        changed |= changedParts(geometry(i), geometries[i]);
+        state.position = geometries[i].position;
+        state.size = geometries[i].size;
+        state.rotation = geometries[i].rotation;
+        states += state;
+    }
+    if (!changed)
+        return;
+    m_document.setGeometries(
+        states, tr("Change the geometry of %1").arg(m_document.titleOf(m_widgets)), -1 - changed);
+    tell();
 }
 
-void SceneProperties::setGeometry(const Geometry &geometry)
+void SceneProperties::reset(const QStringList &ids)
 {
-    m_document.setGeometry(*m_widget, geometry.position, geometry.size, geometry.rotation);
+    m_document.resetFields(m_widgets, ids);
+    tell();
 }
 
 } // namespace NARV::DEV

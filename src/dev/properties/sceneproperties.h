@@ -3,13 +3,14 @@
 #include "properties/propertysource.h"
 #include "scene/placedwidget.h"
 
-#include <QPointer>
+#include <QSet>
+#include <QTimer>
 
 namespace NARV::DEV {
 
 class SceneDocument;
 
-//! The current widget of a page. Writes go over the undo stack of the page.
+//! The selected widgets of a page. Writes go over the undo stack of the page.
 class ZPPLUGIN_DEV_EXPORT SceneProperties : public PropertySource
 {
     Q_OBJECT
@@ -18,33 +19,39 @@ public:
     //! The document has to outlive this.
     explicit SceneProperties(SceneDocument &document, QObject *parent = nullptr);
 
-    bool hasWidget() const override { return m_widget; }
-    QString name() const override;
-    const WidgetMetaInformation &description() const override;
+    int widgetCount() const override { return m_widgets.size(); }
+    QString name(int widget) const override;
+    const WidgetMetaInformation &description(int widget) const override;
+    QString missingReason(int widget) const override;
     QString language() const override;
     QStringList languages() const override;
 
-    QVariant value(const QString &id) const override;
-    QVariant heldValue(const QString &fieldId) const override;
-    QVariant defaultValue(const QString &id) const override;
-    bool isChanged(const QString &id) const override;
-    QString binding(const QString &fieldId) const override;
-    Geometry geometry() const override;
+    QVariant value(int widget, const QString &id) const override;
+    QVariant heldValue(int widget, const QString &fieldId) const override;
+    QVariant defaultValue(int widget, const QString &id) const override;
+    bool isChanged(int widget, const QString &id) const override;
+    QString binding(int widget, const QString &fieldId) const override;
+    Geometry geometry(int widget) const override;
     QVector<TagName> tags() const override;
     QStringList trends() const override;
     bool isDriven(const QString &tag) const override;
 
-    void setValue(const QString &id, const QVariant &value) override;
-    void reset(const QString &id) override;
-    void resetAll() override;
-    void bind(const QString &fieldId, const QString &name) override;
-    void setGeometry(const Geometry &geometry) override;
+    void setValues(const QString &id, const QVector<QVariant> &values) override;
+    void bind(const QString &fieldId, const QStringList &names) override;
+    void setGeometries(const QVector<Geometry> &geometries) override;
+    void reset(const QStringList &ids) override;
 
 private:
-    void follow(PlacedWidget *widget);
+    void follow();
+    void note(const QString &changedId);
+    void noteReplaced();
+    void tell();
 
     SceneDocument &m_document;
-    QPointer<PlacedWidget> m_widget;
+    QList<PlacedWidget *> m_widgets; //!< the one selected last comes first
+    QSet<QString> m_changedIds;      //!< that nobody was told of yet
+    bool m_isReplaced = false;
+    QTimer m_timer;
 };
 
 } // namespace NARV::DEV

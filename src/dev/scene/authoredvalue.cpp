@@ -3,6 +3,7 @@
 #include <NARV/INTERNAL/WidgetLibraryPluginUtils>
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QFont>
 #include <QHash>
 #include <QJsonArray>
@@ -26,6 +27,13 @@ using Utils = INTERNAL::WidgetLibraryPluginUtils;
 QString fontId(const QString &fieldId)
 {
     return fieldId + QLatin1String(".font");
+}
+
+QString fieldLabel(const FieldMetaInformation &field, bool isFont, const QString &languageCode)
+{
+    const QString label = field.display().get(languageCode, true);
+    return isFont ? QCoreApplication::translate("NARV::DEV::AuthoredValue", "%1: font").arg(label)
+                  : label;
 }
 
 template<typename T>

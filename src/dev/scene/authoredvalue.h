@@ -16,6 +16,9 @@ using WidgetMetaInformation = INTERNAL::WidgetLibraryPluginMetaInformation::Widg
 //! The id under which a widget gets the font of a multi-language field.
 ZPPLUGIN_DEV_EXPORT QString fontId(const QString &fieldId);
 
+//! What a person calls a field, or its font, in that language.
+QString fieldLabel(const FieldMetaInformation &field, bool isFont, const QString &languageCode);
+
 //! What the widget gets of the value: of texts in several languages the one in that language.
 ZPPLUGIN_DEV_EXPORT QVariant inLanguage(const QVariant &value, const QString &languageCode);
 //! The authored value after the widget itself has written a text, list or map in that language.

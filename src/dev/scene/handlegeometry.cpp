@@ -9,6 +9,10 @@ namespace NARV::DEV {
 
 static const int snapDegrees = 15;
 
+// In pixels of the screen.
+static const int leastGrasp = 12;
+static const int usualGrasp = 26; // between handles that stand on the widget's own frame
+
 const QVector<Handle> &allHandles()
 {
     static const QVector<Handle> handles = {{-1, -1}, {0, -1}, {1, -1}, {1, 0}, {1, 1},
@@ -41,6 +45,29 @@ QPointF handlePosition(const WidgetState &state, const Handle &handle, double di
     const double y = handle.isRotation() ? -state.size.height() / 2 - distance
                                          : handle.vertical * state.size.height() / 2;
     return frameOf(state).map(QPointF(x, y));
+}
+
+//! The same about the centre, with other lengths in pixels.
+static WidgetState withLengths(const WidgetState &state, double zoom, double (*length)(double))
+{
+    WidgetState after = state;
+    after.size = {length(state.size.width() * zoom) / zoom,
+                  length(state.size.height() * zoom) / zoom};
+    after.position = centreOf(state) - QPointF(after.size.width() / 2, after.size.height() / 2);
+    return after;
+}
+
+WidgetState graspFrame(const WidgetState &state, double zoom)
+{
+    return withLengths(state, zoom, [](double length) { return qMax<double>(length, leastGrasp); });
+}
+
+WidgetState handleFrame(const WidgetState &state, double zoom)
+{
+    return withLengths(state, zoom, [](double length) {
+        const double grasp = qBound<double>(leastGrasp, length, usualGrasp);
+        return qMax(length, grasp + 2 * handleReach);
+    });
 }
 
 static double wholeLength(double length)

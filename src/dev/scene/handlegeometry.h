@@ -34,6 +34,14 @@ ZPPLUGIN_DEV_EXPORT QPolygonF cornersOf(const WidgetState &state);
 ZPPLUGIN_DEV_EXPORT QPointF handlePosition(const WidgetState &state, const Handle &handle,
                                            double distance);
 
+//! In pixels, so near to its middle a handle is taken hold of.
+constexpr int handleReach = 7;
+//! The frame with the handles: that of the widget, wider if it is so small on the screen that the
+//! handles would cover its middle.
+ZPPLUGIN_DEV_EXPORT WidgetState handleFrame(const WidgetState &state, double zoom);
+//! Where the widget can be grasped to be moved: the widget itself, more if it is too small to hit.
+ZPPLUGIN_DEV_EXPORT WidgetState graspFrame(const WidgetState &state, double zoom);
+
 //! The widget after its handle was dragged to a point: the opposite side or corner stays where it
 //! is, and sizes are whole numbers of at least 1. With keepRatio a corner keeps the proportions.
 ZPPLUGIN_DEV_EXPORT WidgetState resized(const WidgetState &state, const Handle &handle,

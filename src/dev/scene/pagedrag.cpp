@@ -21,6 +21,7 @@ static int freshKey()
 GeometryDrag::GeometryDrag(SceneDocument &document, const QList<PlacedWidget *> &widgets,
                            const QPointF &start)
     : m_document(document)
+    , m_title(document.titleOf(widgets))
     , m_start(start)
     , m_key(freshKey())
 {
@@ -78,7 +79,7 @@ QString MoveDrag::labelFor(const WidgetState &state) const
 
 QString MoveDrag::stepText() const
 {
-    return states().size() == 1 ? tr("Move %1").arg(states().first().name) : tr("Move widgets");
+    return tr("Move %1").arg(title());
 }
 
 HandleDrag::HandleDrag(SceneDocument &document, PlacedWidget &widget, const Handle &handle,
@@ -106,7 +107,7 @@ QString HandleDrag::labelFor(const WidgetState &state) const
 
 QString HandleDrag::stepText() const
 {
-    return (m_handle.isRotation() ? tr("Rotate %1") : tr("Resize %1")).arg(states().first().name);
+    return (m_handle.isRotation() ? tr("Rotate %1") : tr("Resize %1")).arg(title());
 }
 
 BandDrag::BandDrag(SceneDocument &document, const QPointF &start, bool extends)

@@ -46,10 +46,12 @@ protected:
     virtual QPointF offset(const QPointF &position, Qt::KeyboardModifiers modifiers) const;
 
     const QList<WidgetState> &states() const { return m_states; }
+    const QString &title() const { return m_title; }
 
 private:
     SceneDocument &m_document;
     QList<WidgetState> m_states; //!< at the start
+    QString m_title;             //!< of the widgets
     QPointF m_start;
     int m_key;
     bool m_hasMoved = false;

@@ -1,6 +1,5 @@
 #include "scene/pageview.h"
 
-#include "scene/handlegeometry.h"
 #include "scene/pagedrag.h"
 #include "scene/pagepictures.h"
 #include "scene/thrownby.h"
@@ -22,12 +21,8 @@
 namespace NARV::DEV {
 
 // In pixels of the view.
-static const int handleSize = 8;
-static const int handleReach = 7;
-static const int rotationDistance = 24;
+static const int focusWidth = 2;
 static const int pageMargin = 24;
-
-static const int fewWidgets = 20;
 
 static const double smallestZoom = 0.05;
 static const double largestZoom = 16;
@@ -46,11 +41,13 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     , m_document(document)
     , m_touchSimulator(std::make_unique<TouchSimulator>(*viewport()))
     , m_pictures(std::make_unique<PagePictures>(document, *this))
+    , m_overlay(document, *this)
 {
     setAccessibleName(tr("Page"));
     viewport()->setAccessibleName(accessibleName());
     setObjectName(QStringLiteral("page"));
-    setFrameShape(NoFrame);
+    setFrameStyle(Box | Plain);
+    setLineWidth(focusWidth);
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                    QPainter::SmoothPixmapTransform);
     setViewportUpdateMode(SmartViewportUpdate);
@@ -194,6 +191,16 @@ struct PaintedDevice : QPaintDevice
 
 } // namespace
 
+// The frame shows whether the page has the focus: with nothing selected, nothing else does.
+bool PageView::event(QEvent *event)
+{
+    if (event->type() != QEvent::Paint)
+        return QGraphicsView::event(event);
+    const auto role = hasFocus() ? QPalette::Highlight : QPalette::Mid;
+    QPainter(this).fillRect(rect(), palette().color(role));
+    return true;
+}
+
 // An exception that gets to the event loop would end the program. The toolkit's code is not made
 // for one: it leaves its painter at work.
 void PageView::paintEvent(QPaintEvent *event)
@@ -217,119 +224,17 @@ void PageView::drawBackground(QPainter *painter, const QRectF &exposed)
     painter->drawRect(QRectF(QPointF(), m_document.page().size));
 }
 
-QPointF PageView::viewPosition(const PlacedWidget &widget, const Handle &handle) const
-{
-    const QPointF position = handlePosition(widget.state(), handle, rotationDistance / zoom());
-    return viewportTransform().map(position);
-}
-
-// A pen takes as long for a thousand widgets as the widgets themselves.
-static void fillOutline(QPainter &painter, const QPoint &from, const QPoint &to,
-                        const QColor &color)
-{
-    for (const QRect &side :
-         {QRect(from, QPoint(to.x(), from.y())), QRect(QPoint(from.x(), to.y()), to),
-          QRect(from, QPoint(from.x(), to.y())), QRect(QPoint(to.x(), from.y()), to)})
-        painter.fillRect(side, color);
-}
-
-void PageView::drawSelection(QPainter &painter) const
-{
-    const QColor color = palette().color(QPalette::Highlight);
-    painter.setBrush(Qt::NoBrush);
-    const bool isOne = m_document.selection().size() == 1;
-    painter.setPen(QPen(color, isOne ? 1.5 : 1));
-    for (const PlacedWidget *widget : m_document.selection()) {
-        const bool isRotated = widget->state().rotation != 0;
-        const QPolygonF corners = viewportTransform().map(cornersOf(widget->state()));
-        painter.setRenderHint(QPainter::Antialiasing, isRotated);
-        if (isOne || isRotated)
-            painter.drawPolygon(corners);
-        else
-            fillOutline(painter, corners[0].toPoint(), corners[2].toPoint(), color);
-    }
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (!isOne)
-        return;
-    const PlacedWidget &widget = *m_document.currentWidget();
-    painter.drawLine(viewPosition(widget, {0, -1}), viewPosition(widget, {0, 0}));
-    painter.setBrush(palette().color(QPalette::Base));
-    for (const Handle &handle : allHandles()) {
-        QRectF square(0, 0, handleSize, handleSize);
-        square.moveCenter(viewPosition(widget, handle));
-        if (handle.isRotation())
-            painter.drawEllipse(square);
-        else
-            painter.drawRect(square);
-    }
-}
-
-//! In pixels of the view; null for no label.
-QRect PageView::labelBox() const
-{
-    const QString text = m_drag ? m_drag->label() : QString();
-    if (text.isEmpty())
-        return {};
-    const QPoint cursor = viewport()->mapFromGlobal(QCursor::pos());
-    QRect box = viewport()->fontMetrics().boundingRect(text).adjusted(-6, -3, 6, 3);
-    box.moveTopLeft(cursor + QPoint(16, 16));
-    return box;
-}
-
-void PageView::drawLabel(QPainter &painter) const
-{
-    const QRect box = labelBox();
-    if (box.isNull())
-        return;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().color(QPalette::ToolTipBase));
-    painter.drawRoundedRect(box, 3, 3);
-    painter.setPen(palette().color(QPalette::ToolTipText));
-    painter.drawText(box, Qt::AlignCenter, m_drag->label());
-}
-
-//! What is drawn over the widgets, in scene units, without what is measured in pixels. Of many
-//! widgets each tells that it has moved, so they are not looked through each time.
-QRectF PageView::overlayArea() const
-{
-    if (!isEditor())
-        return {};
-    if (m_document.selection().size() > fewWidgets)
-        return mapToScene(viewport()->rect()).boundingRect();
-    QRectF area = m_drag ? m_drag->band() : QRectF();
-    for (const PlacedWidget *widget : m_document.selection())
-        area |= cornersOf(widget->state()).boundingRect();
-    return area | mapToScene(labelBox()).boundingRect();
-}
-
-// The widgets beneath are painted again where something has changed, not all over the page.
 void PageView::updateOverlay()
 {
-    static const int reach = rotationDistance + 2 * handleSize;
-    const QRectF area = overlayArea();
-    for (const QRectF &changed : {m_overlayArea, area}) {
-        if (!changed.isNull())
-            viewport()->update(
-                mapFromScene(changed).boundingRect().adjusted(-reach, -reach, reach, reach));
-    }
-    m_overlayArea = area;
+    m_overlay.update(m_drag.get());
 }
 
 void PageView::drawForeground(QPainter *painter, const QRectF &)
 {
     painter->save();
     painter->resetTransform();
-    if (isEditor()) {
-        drawSelection(*painter);
-        drawLabel(*painter);
-        if (m_drag && !m_drag->band().isNull()) {
-            QColor fill = palette().color(QPalette::Highlight);
-            painter->setPen(fill);
-            fill.setAlpha(40);
-            painter->setBrush(fill);
-            painter->drawPolygon(viewportTransform().map(QPolygonF(m_drag->band())));
-        }
-    }
+    if (isEditor())
+        m_overlay.paint(*painter, m_drag.get());
     m_touchSimulator->paint(*painter);
     painter->restore();
 }
@@ -350,19 +255,6 @@ bool PageView::viewportEvent(QEvent *event)
     if (!thrown.isEmpty())
         m_document.tell(tr("A widget has thrown while it got input: %1").arg(thrown));
     return isTaken;
-}
-
-const Handle *PageView::handleAt(const QPoint &position) const
-{
-    if (m_document.selection().size() != 1)
-        return nullptr;
-    const PlacedWidget &widget = *m_document.currentWidget();
-    for (const Handle &handle : allHandles()) {
-        const QPointF distance = viewPosition(widget, handle) - position;
-        if (qMax(std::abs(distance.x()), std::abs(distance.y())) <= handleReach)
-            return &handle;
-    }
-    return nullptr;
 }
 
 void PageView::mousePressEvent(QMouseEvent *event)
@@ -392,12 +284,13 @@ void PageView::startDrag(const QPoint &position, Qt::KeyboardModifiers modifiers
 {
     const QPointF start = mapToScene(position);
     const bool extends = isExtending(modifiers);
-    if (const Handle *handle = handleAt(position)) {
+    if (const Handle *handle = m_overlay.handleAt(position)) {
         m_drag =
             std::make_unique<HandleDrag>(m_document, *m_document.currentWidget(), *handle, start);
         return;
     }
-    PlacedWidget *widget = m_document.widgetAt(start);
+    PlacedWidget *widget =
+        m_overlay.isGrasped(position) ? m_document.currentWidget() : m_document.widgetAt(start);
     if (!widget) {
         m_drag = std::make_unique<BandDrag>(m_document, start, extends);
         return;
@@ -437,10 +330,11 @@ void PageView::mouseMoveEvent(QMouseEvent *event)
 
 void PageView::showCursor(const QPoint &position)
 {
-    const Handle *handle = handleAt(position);
+    const Handle *handle = m_overlay.handleAt(position);
     if (!handle) {
-        viewport()->setCursor(m_document.widgetAt(mapToScene(position)) ? Qt::SizeAllCursor
-                                                                        : Qt::ArrowCursor);
+        const bool isOnWidget =
+            m_overlay.isGrasped(position) || m_document.widgetAt(mapToScene(position));
+        viewport()->setCursor(isOnWidget ? Qt::SizeAllCursor : Qt::ArrowCursor);
         return;
     }
     static const Qt::CursorShape shapes[] = {Qt::SizeHorCursor, Qt::SizeFDiagCursor,
@@ -546,7 +440,8 @@ void PageView::nudge(const QPoint &step)
         states += widget->state();
         states.last().position += step;
     }
-    m_document.setGeometries(states, tr("Move by keys"), -1);
+    m_document.setGeometries(states, tr("Move %1").arg(m_document.titleOf(m_document.selection())),
+                             -1);
 }
 
 // Tab goes from widget to widget and leaves the page after the last.

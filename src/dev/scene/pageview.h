@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scene/pageoverlay.h"
 #include "scene/scenedocument.h"
 
 #include <QGraphicsView>
@@ -11,7 +12,6 @@ namespace NARV::DEV {
 class PageDrag;
 class PagePictures;
 class TouchSimulator;
-struct Handle;
 
 //! Shows the page and, in editor mode, is where a person places and moves the widgets. In runtime
 //! mode all input but zooming goes to the widgets.
@@ -47,6 +47,7 @@ Q_SIGNALS:
 protected:
     void drawBackground(QPainter *painter, const QRectF &exposed) override;
     void drawForeground(QPainter *painter, const QRectF &exposed) override;
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -64,18 +65,12 @@ protected:
 
 private:
     bool isEditor() const { return m_document.mode() == SceneDocument::Mode::Editor; }
-    const Handle *handleAt(const QPoint &position) const;
-    QPointF viewPosition(const PlacedWidget &widget, const Handle &handle) const;
     void startDrag(const QPoint &position, Qt::KeyboardModifiers modifiers);
     void clickWidget(PlacedWidget &widget, bool extends);
     void endDrag();
     void endClick(Qt::KeyboardModifiers modifiers);
     void nudge(const QPoint &step);
     void showCursor(const QPoint &position);
-    void drawSelection(QPainter &painter) const;
-    void drawLabel(QPainter &painter) const;
-    QRect labelBox() const;
-    QRectF overlayArea() const;
     void updateOverlay();
     void zoomBy(double factor);
     void applyZoom(double zoom);
@@ -84,7 +79,7 @@ private:
     std::unique_ptr<TouchSimulator> m_touchSimulator;
     std::unique_ptr<PagePictures> m_pictures;
     std::unique_ptr<PageDrag> m_drag;
-    QRectF m_overlayArea; //!< when it was updated last, in scene units
+    PageOverlay m_overlay;
     QPoint m_panStart;
     bool m_isPanning = false;
     bool m_fits = true;

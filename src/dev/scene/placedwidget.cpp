@@ -72,6 +72,22 @@ static bool isFontOf(const FieldMetaInformation &field, const QString &fieldId)
     return field.id() != fieldId;
 }
 
+QString PlacedWidget::title() const
+{
+    const QString display = m_description.display().get(m_host.language, true);
+    if (display.isEmpty() || !name().startsWith(m_state.widgetId))
+        return name();
+    return display + name().mid(m_state.widgetId.size());
+}
+
+QString PlacedWidget::fieldTitle(const QString &fieldId) const
+{
+    const FieldMetaInformation of = field(fieldId);
+    if (of.display().get(m_host.language, true).isEmpty())
+        return fieldId;
+    return fieldLabel(of, isFontOf(of, fieldId), m_host.language);
+}
+
 NARV::WidgetPrivate *PlacedWidget::widget() const
 {
     return m_widget ? WidgetPrivateAccessor::priv(m_widget.get()) : nullptr;
@@ -243,9 +259,9 @@ void PlacedWidget::makeWidget()
 QString PlacedWidget::missingReason() const
 {
     if (!m_host.library)
-        return tr("No library is loaded");
+        return tr("No plugin is open");
     return m_description.isValid() ? tr("The widget could not be made")
-                                   : tr("The library has no such widget");
+                                   : tr("The open library does not have this widget");
 }
 
 // Not at once, as the widget's code may still be running further up the stack.

@@ -58,6 +58,12 @@ public:
     //! The description of the widget; invalid for one that the library does not have, of which only
     //! the state is kept.
     const WidgetMetaInformation &description() const { return m_description; }
+    //! Why there is no instance.
+    QString missingReason() const;
+    //! What a person calls it: the name, with the widget's display name in place of its id.
+    QString title() const;
+    //! What a person calls a field or its font; the id for one that the library does not have.
+    QString fieldTitle(const QString &fieldId) const;
     //! The description of a field, or of the field that such a font belongs to.
     FieldMetaInformation field(const QString &fieldId) const;
     //! The running instance and its item; null for a widget that could not be made.
@@ -119,7 +125,6 @@ private:
     void store(const QString &fieldId, const QVariant &authored);
     void makeWidget();
     void makePlaceholder(const QString &reason);
-    QString missingReason() const;
     void breakLater(const QString &reason);
     void placeItem();
     void giveField(const QString &fieldId);

@@ -85,10 +85,17 @@ int SceneCommand::id() const
     return mergeKey.isEmpty() ? -1 : mergeableId;
 }
 
+static bool isOfSameWidget(const SceneCommand::Change &a, const SceneCommand::Change &b)
+{
+    return a.after && b.after && a.after->state.name == b.after->state.name;
+}
+
 bool SceneCommand::mergeWith(const QUndoCommand *other)
 {
     const auto *next = static_cast<const SceneCommand *>(other);
-    if (next->mergeKey != mergeKey || next->changes.size() != changes.size())
+    if (next->mergeKey != mergeKey ||
+        !std::equal(changes.begin(), changes.end(), next->changes.begin(), next->changes.end(),
+                    isOfSameWidget))
         return false;
     for (int i = 0; i < changes.size(); ++i)
         changes[i].after = next->changes[i].after;

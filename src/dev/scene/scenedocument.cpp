@@ -1,6 +1,7 @@
 #include "scene/scenedocument.h"
 
 #include "console/eventlog.h"
+#include "data/alarmtable.h"
 #include "data/tagtable.h"
 #include "data/testdata.h"
 #include "scene/gesturemonitor.h"
@@ -12,7 +13,6 @@
 #include <NARV/GraphicsObject>
 
 #include <QGraphicsScene>
-#include <QMetaEnum>
 
 #include <algorithm>
 
@@ -50,11 +50,13 @@ SceneDocument::SceneDocument(PluginSession &session, TestData &data, EventLog &e
                              report.name + QLatin1Char(' ') + report.state + QLatin1String(": ") +
                                  report.values);
             });
+    data.setHistory([this](std::unique_ptr<QUndoCommand> step) { takeEdit(std::move(step)); });
     applyPage(m_page);
 }
 
 SceneDocument::~SceneDocument()
 {
+    m_data.setHistory({});
     m_undoStack.disconnect();
     m_session.disconnect(this);
     m_data.disconnect(this);
@@ -84,6 +86,11 @@ PlacedWidget *SceneDocument::widgetAt(const QPointF &scenePosition) const
     };
     const auto found = std::find_if(m_widgets.crbegin(), m_widgets.crend(), isThere);
     return found == m_widgets.crend() ? nullptr : *found;
+}
+
+QString SceneDocument::titleOf(const QList<PlacedWidget *> &widgets) const
+{
+    return widgets.size() == 1 ? widgets.first()->title() : tr("%1 widgets").arg(widgets.size());
 }
 
 void SceneDocument::insert(const StackedState &stacked)
@@ -173,7 +180,7 @@ PlacedWidget *SceneDocument::place(const QString &widgetId, const QString &versi
     WidgetState state = WidgetState::of(description);
     const QPointF corner = centre - QPointF(state.size.width() / 2, state.size.height() / 2);
     state.position = corner.toPoint(); // so that lines are sharp
-    add({state}, {}, tr("Place %1").arg(widgetId));
+    add({state}, {}, tr("Place %1").arg(description.display().get(m_language, true)));
     return currentWidget();
 }
 
@@ -199,9 +206,7 @@ void SceneDocument::remove(const QList<PlacedWidget *> &widgets)
 {
     if (widgets.isEmpty())
         return;
-    auto *command = new SceneCommand(
-        *this, widgets.size() == 1 ? tr("Delete %1").arg(widgets.first()->name())
-                                   : tr("Delete %n widget(s)", nullptr, widgets.size()));
+    auto *command = new SceneCommand(*this, tr("Delete %1").arg(titleOf(widgets)));
     const QSet<PlacedWidget *> removed(widgets.begin(), widgets.end());
     for (int i = m_widgets.size() - 1; i >= 0; --i) {
         if (removed.contains(m_widgets[i]))
@@ -210,55 +215,79 @@ void SceneDocument::remove(const QList<PlacedWidget *> &widgets)
     m_undoStack.push(command);
 }
 
-void SceneDocument::changeState(PlacedWidget &widget, const WidgetState &after, const QString &text,
-                                const QString &mergeKey)
+void SceneDocument::changeStates(const QList<WidgetState> &after, const QString &text,
+                                 const QString &mergeKey)
 {
-    auto *command = new SceneCommand(*this, text);
-    command->changes.append({StackedState{widget.state()}, StackedState{after}});
+    auto command = std::make_unique<SceneCommand>(*this, text);
+    for (const WidgetState &state : after) {
+        if (const PlacedWidget *placed = widget(state.name))
+            command->changes.append({StackedState{placed->state()}, StackedState{state}});
+    }
     command->mergeKey = mergeKey;
-    m_undoStack.push(command);
+    if (!command->changes.isEmpty())
+        m_undoStack.push(command.release());
 }
 
-void SceneDocument::setFieldValue(PlacedWidget &widget, const QString &fieldId,
-                                  const QVariant &value)
+//! The value in the map, or none if it is the one that all have at first.
+template<typename Map, typename Value>
+static void setOrRemove(Map &map, const QString &key, const Value &value, bool isInitial)
 {
-    if (isSameValue(widget.fieldValue(fieldId), value))
+    if (isInitial)
+        map.remove(key);
+    else
+        map.insert(key, value);
+}
+
+void SceneDocument::setFieldValues(const QList<PlacedWidget *> &widgets, const QString &fieldId,
+                                   const QVector<QVariant> &values)
+{
+    QList<WidgetState> after;
+    bool isSame = true;
+    for (int i = 0; i < widgets.size(); ++i) {
+        isSame = isSame && isSameValue(widgets[i]->fieldValue(fieldId), values[i]);
+        after += widgets[i]->state();
+        setOrRemove(after.last().values, fieldId, values[i],
+                    isSameValue(values[i], widgets[i]->defaultValue(fieldId)));
+    }
+    if (!isSame)
+        changeStates(after,
+                     tr("Set %1 of %2").arg(widgets.first()->fieldTitle(fieldId), titleOf(widgets)),
+                     QLatin1String("field ") + fieldId);
+}
+
+void SceneDocument::resetFields(const QList<PlacedWidget *> &widgets, const QStringList &fieldIds)
+{
+    QList<WidgetState> after;
+    for (const PlacedWidget *widget : widgets) {
+        after += widget->state();
+        for (const QString &id : fieldIds) {
+            after.last().values.remove(id);
+            after.last().bindings.remove(id);
+        }
+    }
+    const QString title = titleOf(widgets);
+    const bool isOne = fieldIds.size() == 1 && !widgets.isEmpty();
+    changeStates(
+        after, isOne
+                   ? tr("Reset %1 of %2").arg(widgets.first()->fieldTitle(fieldIds.first()), title)
+                   : tr("Reset %1").arg(title));
+}
+
+void SceneDocument::bind(const QList<PlacedWidget *> &widgets, const QString &fieldId,
+                         const QStringList &names)
+{
+    QList<WidgetState> after;
+    for (int i = 0; i < widgets.size(); ++i) {
+        after += widgets[i]->state();
+        setOrRemove(after.last().bindings, fieldId, names[i], names[i].isEmpty());
+    }
+    if (widgets.isEmpty())
         return;
-    WidgetState after = widget.state();
-    if (isSameValue(value, widget.defaultValue(fieldId)))
-        after.values.remove(fieldId);
-    else
-        after.values.insert(fieldId, value);
-    changeState(widget, after, tr("Set %1 of %2").arg(fieldId, widget.name()),
-                QLatin1String("field ") + widget.name() + QLatin1Char(' ') + fieldId);
-}
-
-void SceneDocument::resetField(PlacedWidget &widget, const QString &fieldId)
-{
-    WidgetState after = widget.state();
-    after.values.remove(fieldId);
-    after.bindings.remove(fieldId);
-    changeState(widget, after, tr("Reset %1 of %2").arg(fieldId, widget.name()));
-}
-
-void SceneDocument::resetAllFields(PlacedWidget &widget)
-{
-    WidgetState after = widget.state();
-    after.values.clear();
-    after.bindings.clear();
-    changeState(widget, after, tr("Reset %1").arg(widget.name()));
-}
-
-void SceneDocument::bind(PlacedWidget &widget, const QString &fieldId, const QString &name)
-{
-    WidgetState after = widget.state();
-    if (name.isEmpty())
-        after.bindings.remove(fieldId);
-    else
-        after.bindings.insert(fieldId, name);
-    changeState(
-        widget, after,
-        (name.isEmpty() ? tr("Unbind %1 of %2") : tr("Bind %1 of %2")).arg(fieldId, widget.name()));
+    const QString field = widgets.first()->fieldTitle(fieldId);
+    const QString &name = names.first();
+    changeStates(after, name.isEmpty()
+                            ? tr("Detach %1 of %2").arg(field, titleOf(widgets))
+                            : tr("Attach %1 of %2 to %3").arg(field, titleOf(widgets), name));
 }
 
 // A trend may have the same name.
@@ -275,8 +304,25 @@ void SceneDocument::followRenamedTag(const QString &from, const QString &to)
         if (after.bindings != widget->state().bindings)
             command->changes.append({StackedState{widget->state()}, StackedState{after}});
     }
-    if (!command->changes.isEmpty())
+    if (command->changes.isEmpty() || m_data.isReplaying()) // of that the step itself is undone
+        return;
+    if (m_data.isEditing())
+        m_renaming = std::move(command);
+    else
         m_undoStack.push(command.release());
+}
+
+// A tag that is renamed and the widgets that go on with it are one step.
+void SceneDocument::takeEdit(std::unique_ptr<QUndoCommand> edit)
+{
+    if (!m_renaming) {
+        m_undoStack.push(edit.release());
+        return;
+    }
+    m_undoStack.beginMacro(edit->text());
+    m_undoStack.push(edit.release());
+    m_undoStack.push(m_renaming.release());
+    m_undoStack.endMacro();
 }
 
 void SceneDocument::setGeometry(PlacedWidget &widget, const QPointF &position, const QSizeF &size,
@@ -286,21 +332,14 @@ void SceneDocument::setGeometry(PlacedWidget &widget, const QPointF &position, c
     after.position = position;
     after.size = size;
     after.rotation = rotation;
-    changeState(widget, after, tr("Move %1").arg(widget.name()),
-                QLatin1String("geometry ") + widget.name());
+    changeStates({after}, tr("Move %1").arg(widget.title()), QStringLiteral("geometry"));
 }
 
 void SceneDocument::setGeometries(const QList<WidgetState> &states, const QString &text,
                                   int mergeKey)
 {
-    auto *command = new SceneCommand(*this, text);
-    for (const WidgetState &state : states) {
-        if (const PlacedWidget *placed = widget(state.name))
-            command->changes.append({StackedState{placed->state()}, StackedState{state}});
-    }
-    if (mergeKey)
-        command->mergeKey = QStringLiteral("geometries %1").arg(mergeKey);
-    m_undoStack.push(command);
+    changeStates(states, text,
+                 mergeKey ? QStringLiteral("geometries %1").arg(mergeKey) : QString());
 }
 
 void SceneDocument::setPage(const Page &page)
@@ -426,6 +465,7 @@ void SceneDocument::setLanguage(const QString &code)
     if (code == m_language)
         return;
     m_language = code;
+    m_bindingsAreIndexed = false; // the fields have other titles
     for (PlacedWidget *widget : qAsConst(m_widgets))
         widget->setLanguage(code);
     Q_EMIT languageChanged();
@@ -443,7 +483,7 @@ void SceneDocument::connectWidget(PlacedWidget &widget)
     connect(&widget, &PlacedWidget::written, this,
             [this, &widget](const QString &fieldId, const QVariant &value) {
                 m_events.add(EventLog::Kind::FieldWrite, widget.name(),
-                             fieldId + QLatin1String(" = ") + briefText(value));
+                             widget.fieldTitle(fieldId) + QLatin1String(" = ") + briefText(value));
             });
 }
 
@@ -469,7 +509,7 @@ void SceneDocument::indexBindings()
         const QMap<QString, QString> &bindings = widget->state().bindings;
         for (auto it = bindings.begin(); it != bindings.end(); ++it) {
             if (widget->field(it.key()).tagCanBeAttached())
-                m_bindings[*it].append({widget, it.key()});
+                m_bindings[*it].append({widget, it.key(), widget->fieldTitle(it.key())});
         }
     }
     m_bindingsAreIndexed = true;
@@ -493,16 +533,14 @@ void SceneDocument::deliverPending()
         for (const Binding &binding : bindings) {
             binding.widget->takeTag(binding.fieldId, value);
             m_events.add(EventLog::Kind::FieldChange, binding.widget->name(),
-                         binding.fieldId + QLatin1String(" = ") + briefText(value));
+                         binding.fieldTitle + QLatin1String(" = ") + briefText(value));
         }
     }
 }
 
 void SceneDocument::deliverAlarm(const NARV::AlarmInfo &alarm)
 {
-    const QMetaEnum states = QMetaEnum::fromType<AlarmInfo::State>();
-    const QString text =
-        alarm.name() + QLatin1Char(' ') + QLatin1String(states.valueToKey(alarm.state()));
+    const QString text = alarm.name() + QLatin1String(": ") + alarmStateNames().at(alarm.state());
     for (PlacedWidget *widget : qAsConst(m_widgets)) {
         if (!widget->description().receiveAlarmsEvents())
             continue;

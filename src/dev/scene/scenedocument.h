@@ -64,6 +64,8 @@ public:
     //! The one that the property tree shows: the widget selected last, or null.
     PlacedWidget *currentWidget() const;
     void select(const QList<PlacedWidget *> &widgets);
+    //! What a person calls the widgets, such as "Gauge 2" or "3 widgets".
+    QString titleOf(const QList<PlacedWidget *> &widgets) const;
     //! The topmost widget there, or null.
     PlacedWidget *widgetAt(const QPointF &scenePosition) const;
 
@@ -85,12 +87,23 @@ public:
     //! Places a new instance with its centre there and selects it; null if the library has no such
     //! widget.
     PlacedWidget *place(const QString &widgetId, const QString &version, const QPointF &centre);
-    //! Value as PlacedWidget::fieldValue() gives it. Consecutive writes to the same field merge.
-    void setFieldValue(PlacedWidget &widget, const QString &fieldId, const QVariant &value);
-    void resetField(PlacedWidget &widget, const QString &fieldId);
-    void resetAllFields(PlacedWidget &widget);
-    //! Binds a tag or trend to a field; an empty name unbinds.
-    void bind(PlacedWidget &widget, const QString &fieldId, const QString &name);
+    //! One value for each widget, as PlacedWidget::fieldValue() gives it. Consecutive writes to the
+    //! same field of the same widgets merge.
+    void setFieldValues(const QList<PlacedWidget *> &widgets, const QString &fieldId,
+                        const QVector<QVariant> &values);
+    void setFieldValue(PlacedWidget &widget, const QString &fieldId, const QVariant &value)
+    {
+        setFieldValues({&widget}, fieldId, {value});
+    }
+    //! Values and bindings.
+    void resetFields(const QList<PlacedWidget *> &widgets, const QStringList &fieldIds);
+    //! Binds a tag or trend to a field of each widget; an empty name unbinds.
+    void bind(const QList<PlacedWidget *> &widgets, const QString &fieldId,
+              const QStringList &names);
+    void bind(PlacedWidget &widget, const QString &fieldId, const QString &name)
+    {
+        bind({&widget}, fieldId, QStringList(name));
+    }
     void setGeometry(PlacedWidget &widget, const QPointF &position, const QSizeF &size,
                      double rotation);
     //! Sets position, size and rotation of widgets from states of the same names. Calls with the
@@ -135,8 +148,8 @@ private:
     void applyPage(const Page &page);
     void applyOrder(const QStringList &names);
     void giveFreshNames(QList<WidgetState> &states) const;
-    void changeState(PlacedWidget &widget, const WidgetState &after, const QString &text,
-                     const QString &mergeKey = {});
+    void changeStates(const QList<WidgetState> &after, const QString &text,
+                      const QString &mergeKey = {});
 
     WidgetHost host() const;
     void makeWidget(PlacedWidget &widget);
@@ -145,6 +158,7 @@ private:
     void makePlaceholders();
     void connectWidget(PlacedWidget &widget);
     void indexBindings();
+    void takeEdit(std::unique_ptr<QUndoCommand> edit);
     void followRenamedTag(const QString &from, const QString &to);
     void queueTag(const QString &name, const QVariant &value);
     void deliverAlarm(const NARV::AlarmInfo &alarm);
@@ -156,6 +170,7 @@ private:
     std::unique_ptr<GestureMonitor> m_gestureMonitor;
     std::unique_ptr<SceneActionManager> m_actionManager;
     QUndoStack m_undoStack;
+    std::unique_ptr<QUndoCommand> m_renaming; //!< of the tag that is being edited
     QList<PlacedWidget *> m_widgets;
     QHash<QString, PlacedWidget *> m_byName;
     QList<PlacedWidget *> m_selection;
@@ -167,6 +182,7 @@ private:
     {
         PlacedWidget *widget;
         QString fieldId;
+        QString fieldTitle;
     };
     //! The fields that hear of a tag.
     QHash<QString, QVector<Binding>> m_bindings;

@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QKeySequence>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -32,6 +33,7 @@ static QPushButton *addButton(QBoxLayout *layout, const QString &name, const cha
 {
     auto *button = new QPushButton(benchIcon(QLatin1String(icon)), text);
     button->setObjectName(name);
+    button->setAutoDefault(true); // Enter presses it
     layout->addWidget(button);
     return button;
 }
@@ -59,13 +61,17 @@ FailureCard::FailureCard(QWidget *parent)
     m_words->setAccessibleName(tr("What the loader said"));
     m_words->setReadOnly(true);
     m_words->setTabChangesFocus(true);
+    m_words->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     layout->addWidget(m_words);
     m_advice = addLabel(layout, QStringLiteral("advice"), tr("What to do next"));
     m_buttons = new QBoxLayout(QBoxLayout::TopToBottom);
     layout->addLayout(m_buttons);
-    m_retry = addButton(m_buttons, QStringLiteral("retry"), "reload", tr("Re&try"));
-    m_anyway = addButton(m_buttons, QStringLiteral("loadAnyway"), "warning", tr("&Load anyway"));
-    m_another = addButton(m_buttons, QStringLiteral("openAnother"), "open", tr("Open a&nother..."));
+    m_retry = addButton(m_buttons, QStringLiteral("retry"), "reload", tr("Retry"));
+    m_anyway = addButton(m_buttons, QStringLiteral("loadAnyway"), "warning", tr("Load any&way"));
+    m_another = addButton(m_buttons, QStringLiteral("openAnother"), "open", tr("Open another…"));
+    m_back = addButton(layout, QStringLiteral("back"), "undo", {});
+    m_back->setToolTip(QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText));
+    connect(m_back, &QPushButton::clicked, this, &FailureCard::backRequested);
     connect(m_retry, &QPushButton::clicked, this,
             [this] { Q_EMIT retryRequested(m_failure.path); });
     connect(m_anyway, &QPushButton::clicked, this,
@@ -73,9 +79,10 @@ FailureCard::FailureCard(QWidget *parent)
     connect(m_another, &QPushButton::clicked, this, &FailureCard::openAnotherRequested);
 }
 
-void FailureCard::setFailure(const LoadFailure &failure)
+void FailureCard::setFailure(const LoadFailure &failure, const QString &backText)
 {
     m_failure = failure;
+    m_back->setText(backText);
     m_title->setText(failure.title);
     m_path->setToolTip(failure.path);
     m_words->setPlainText(failure.words.join(QLatin1Char('\n')));
@@ -83,6 +90,11 @@ void FailureCard::setFailure(const LoadFailure &failure)
     m_advice->setText(failure.advice);
     m_anyway->setVisible(failure.mayTry);
     elidePath();
+}
+
+void FailureCard::takeFocus()
+{
+    m_back->setFocus();
 }
 
 void FailureCard::showIcon()

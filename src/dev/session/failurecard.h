@@ -19,12 +19,16 @@ class ZPPLUGIN_DEV_EXPORT FailureCard : public QFrame
 public:
     explicit FailureCard(QWidget *parent = nullptr);
 
-    void setFailure(const LoadFailure &failure);
+    //! The text of the button that leads back says to what.
+    void setFailure(const LoadFailure &failure, const QString &backText);
+    //! Gives the focus to the button that a person may want first.
+    void takeFocus();
 
 Q_SIGNALS:
     void retryRequested(const QString &path);
     void loadAnywayRequested(const QString &path);
     void openAnotherRequested();
+    void backRequested();
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -44,6 +48,7 @@ private:
     QPushButton *m_retry;
     QPushButton *m_anyway;
     QPushButton *m_another;
+    QPushButton *m_back;
 };
 
 } // namespace NARV::DEV

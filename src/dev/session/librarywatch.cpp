@@ -35,6 +35,14 @@ void LibraryWatch::watch(const QString &path)
     follow();
 }
 
+void LibraryWatch::watch(const QString &path, const Stamp &known)
+{
+    watch(path);
+    m_known = known;
+    m_quietLooks = 0;
+    m_timer.start();
+}
+
 LibraryWatch::Stamp LibraryWatch::stamp() const
 {
     const QFileInfo file(m_path);

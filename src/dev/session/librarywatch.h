@@ -15,15 +15,6 @@ class LibraryWatch : public QObject
     Q_OBJECT
 
 public:
-    explicit LibraryWatch(QObject *parent = nullptr);
-
-    //! Watches this file, as it is now, in place of the last one; none if the path is empty.
-    void watch(const QString &path);
-
-Q_SIGNALS:
-    void replaced();
-
-private:
     //! How a file is told from one that was written later.
     struct Stamp
     {
@@ -36,6 +27,19 @@ private:
         }
     };
 
+    explicit LibraryWatch(QObject *parent = nullptr);
+
+    //! Watches this file, as it is now, in place of the last one; none if the path is empty.
+    void watch(const QString &path);
+    //! As it was known before: tells too if it has been replaced since.
+    void watch(const QString &path, const Stamp &known);
+    //! The file as it was when the watch began, or when it was last told.
+    const Stamp &known() const { return m_known; }
+
+Q_SIGNALS:
+    void replaced();
+
+private:
     Stamp stamp() const;
     bool isComplete() const;
     void follow();

@@ -7,6 +7,8 @@
 #include <QLockFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
+
 namespace NARV::DEV {
 
 static const QLatin1String copiesName("zpplugin-bench-");
@@ -97,7 +99,7 @@ QString PluginCopies::make(const PluginFile &original, QString &problem)
     return path;
 }
 
-void PluginCopies::keepOnly(const QString &copy)
+void PluginCopies::keepOnly(const QStringList &copies)
 {
     if (!m_folder)
         return;
@@ -105,7 +107,10 @@ void PluginCopies::keepOnly(const QString &copy)
         QDir(m_folder->path()).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
     for (const QFileInfo &folder : folders) {
         const QString path = folder.absoluteFilePath();
-        if (!copy.startsWith(path + QLatin1Char('/')))
+        const bool isKept = std::any_of(copies.begin(), copies.end(), [&](const QString &copy) {
+            return copy.startsWith(path + QLatin1Char('/'));
+        });
+        if (!isKept)
             QDir(path).removeRecursively();
     }
 }

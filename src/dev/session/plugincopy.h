@@ -33,8 +33,8 @@ public:
     //! Makes a fresh copy. Gives what to open, a plugin folder or a library like the original;
     //! empty, and the reason in problem, if that fails.
     QString make(const PluginFile &original, QString &problem);
-    //! Removes all copies but that one.
-    void keepOnly(const QString &copy);
+    //! Removes all copies but those.
+    void keepOnly(const QStringList &copies);
     //! Words about a copy as words about the original.
     QString asOriginal(const PluginFile &original, const QString &words) const;
 

@@ -5,6 +5,7 @@
 #include "probe/probe.h"
 #include "probe/process.h"
 #include "session/librarywatch.h"
+#include "session/lingeringcode.h"
 #include "session/plugincopy.h"
 
 #include <NARV/INTERNAL/MetaDataChecker>
@@ -18,6 +19,8 @@
 #include <QPluginLoader>
 #include <QPointer>
 
+#include <optional>
+
 namespace NARV::DEV {
 
 using INTERNAL::PluginLoader;
@@ -25,6 +28,19 @@ using INTERNAL::WidgetLibraryPluginUtils;
 using Kind = LoadFailure::Kind;
 
 static const int maxProblems = 20; //!< of the description, that are shown
+
+namespace {
+
+//! The library that is loaded.
+struct Opened
+{
+    QString path; //!< as given
+    PluginFile file;
+    QString copy;
+    LibraryWatch::Stamp stamp; //!< of the original when it was copied
+};
+
+} // namespace
 
 class PluginSessionPrivate
 {
@@ -42,6 +58,8 @@ public:
     void probe(const PluginFile &file, const QString &copy);
     void judge(const PluginFile &file, const QString &copy, const PROBE::ProbeResult &result);
     bool load(const PluginFile &file, const QString &copy);
+    bool start(const PluginFile &file, const QString &copy, QStringList &words);
+    void bringBack(const std::optional<Opened> &former);
     QStringList heard(const PluginFile &file, const QVector<LogRecord> &records) const;
     bool fail(const LoadFailure &failure);
     void unload();
@@ -58,6 +76,7 @@ public:
     PluginCopies copies;
     std::unique_ptr<PROBE::Probe> runningProbe;
     std::unique_ptr<PluginLoader> loader;
+    std::optional<Opened> opened;
     const INTERNAL::WidgetLibraryPluginData *data = nullptr; //!< null: nothing is loaded
 };
 
@@ -158,8 +177,38 @@ void PluginSessionPrivate::judge(const PluginFile &file, const QString &copy,
 
 bool PluginSessionPrivate::load(const PluginFile &file, const QString &copy)
 {
+    const std::optional<Opened> former = opened;
     unload();
-    copies.keepOnly(copy);
+    QStringList words;
+    if (!start(file, copy, words)) {
+        bringBack(former);
+        return fail(LoadFailure::of(LoadFailure::kindOf(words), path,
+                                    tr("The plugin could not be loaded"), words));
+    }
+    opened = Opened{path, file, copy, watch.known()};
+    copies.keepOnly({copy});
+    Q_EMIT q->loaded();
+    Q_EMIT q->opened();
+    return true;
+}
+
+void PluginSessionPrivate::bringBack(const std::optional<Opened> &former)
+{
+    if (!former)
+        return;
+    // The code of the first copy has come to its end.
+    QStringList words;
+    QString problem;
+    const QString copy = copies.make(PluginFile(former->copy), problem);
+    if (copy.isEmpty() || !start(former->file, copy, words))
+        return;
+    opened = former;
+    opened->copy = copy;
+    Q_EMIT q->loaded();
+}
+
+bool PluginSessionPrivate::start(const PluginFile &file, const QString &copy, QStringList &words)
+{
     QVector<LogRecord> records;
     QMetaObject::Connection hearing;
     if (relay) {
@@ -174,14 +223,11 @@ bool PluginSessionPrivate::load(const PluginFile &file, const QString &copy)
         relay->flush();
         QObject::disconnect(hearing);
     }
-    if (!isLoaded) {
-        const QStringList words = heard(file, records);
-        return fail(LoadFailure::of(LoadFailure::kindOf(words), path,
-                                    tr("The plugin could not be loaded"), words));
-    }
+    words = heard(file, records);
+    if (!isLoaded)
+        return false;
     data = loader->pluginData().first()->toWidgetLibraryPluginData();
     loader->init();
-    Q_EMIT q->loaded();
     return true;
 }
 
@@ -196,8 +242,7 @@ QStringList PluginSessionPrivate::heard(const PluginFile &file,
 
 bool PluginSessionPrivate::fail(const LoadFailure &failure)
 {
-    unload();
-    copies.keepOnly({});
+    copies.keepOnly(opened ? QStringList(opened->copy) : QStringList());
     Q_EMIT q->failed(failure);
     return false;
 }
@@ -208,7 +253,8 @@ void PluginSessionPrivate::unload()
         return;
     Q_EMIT q->aboutToUnload();
     data = nullptr;
-    loader.reset();
+    unloadButKeepMemory(PluginFile(opened->copy).libraryPath, [this] { loader.reset(); });
+    opened.reset();
 }
 
 void PluginSessionPrivate::stopProbe()
@@ -274,6 +320,17 @@ bool PluginSession::reload()
     return !d->path.isEmpty() && d->open(QString(d->path), true);
 }
 
+void PluginSession::giveUp()
+{
+    d->stopProbe();
+    if (!d->opened)
+        return close();
+    if (d->path == d->opened->path)
+        return;
+    d->path = d->opened->path;
+    d->watch.watch(d->opened->file.libraryPath, d->opened->stamp);
+}
+
 void PluginSession::close()
 {
     if (d->path.isEmpty())
@@ -289,6 +346,12 @@ void PluginSession::close()
 const QString &PluginSession::path() const
 {
     return d->path;
+}
+
+const QString &PluginSession::loadedPath() const
+{
+    static const QString none;
+    return d->opened ? d->opened->path : none;
 }
 
 bool PluginSession::isLoaded() const

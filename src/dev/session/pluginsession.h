@@ -23,8 +23,9 @@ class PluginSessionPrivate;
 //! The one widget library that the bench has open. Loads a copy of the file under a fresh name, so
 //! that the author can build over the original; loads anew when that happens.
 //!
-//! While a library is tried in a process of its own, what was open before stays open; it goes when
-//! the outcome is known.
+//! What was open before stays open while a library is tried in a process of its own, and when that
+//! fails. It goes only to make room for a library that can be loaded, as the resources of two would
+//! mix; should loading still fail, it comes back.
 class ZPPLUGIN_DEV_EXPORT PluginSession : public QObject
 {
     Q_OBJECT
@@ -44,18 +45,23 @@ public:
     bool autoReload() const;
 
     //! Opens a plugin folder or a library file, in place of what is open. False if it failed at
-    //! once; the outcome comes as loaded() or failed().
+    //! once; the outcome comes as opened() or failed().
     bool open(const QString &path);
     //! Loads without asking the probe.
     bool openAnyway(const QString &path);
-    //! Loads the same file anew.
+    //! Loads the file at path() anew.
     bool reload();
+    //! Gives up what could not be opened: path() is that of the library that is loaded. Closes if
+    //! none is.
+    void giveUp();
     void close();
 
-    //! The path as given to open(); empty if nothing was opened.
+    //! The path as given to open(), whether that failed or not; empty if nothing was opened.
     const QString &path() const;
+    //! The path of the library that is loaded; empty for none.
+    const QString &loadedPath() const;
     bool isLoaded() const;
-    //! A library is being tried; loaded() or failed() will come.
+    //! A library is being tried; opened() or failed() will come.
     bool isProbing() const;
     //! Null while nothing is loaded. Valid until aboutToUnload().
     const INTERNAL::WidgetLibraryPluginMetaInformation *library() const;
@@ -64,8 +70,11 @@ public:
 Q_SIGNALS:
     //! Everything that came out of the plugin's code has to go now.
     void aboutToUnload();
+    //! Another library, or the former one again.
     void loaded();
-    //! Nothing is loaded now.
+    //! What open() was asked for is loaded.
+    void opened();
+    //! What was open before still is.
     void failed(const NARV::DEV::LoadFailure &failure);
     void probingChanged();
     //! close() was called: nothing is open any more.

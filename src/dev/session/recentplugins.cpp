@@ -1,6 +1,7 @@
 #include "session/recentplugins.h"
 
 #include "window/icons.h"
+#include "window/menutext.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -63,15 +64,14 @@ void RecentPlugins::fill(QMenu &menu)
     refill(menu);
 }
 
-//! The end of a path tells more than its beginning; an ampersand would be a shortcut.
+//! The end of a path tells more than its beginning.
 static QString menuText(int number, const QString &name, const QString &path)
 {
     QString shown = QDir::toNativeSeparators(path);
     if (shown.size() > shownLetters)
         shown = QStringLiteral("...") + shown.right(shownLetters);
-    QString text = QStringLiteral("%1  (%2)").arg(name, shown);
-    text.replace(QLatin1Char('&'), QLatin1String("&&"));
-    return QStringLiteral("&%1  %2").arg(QString::number(number % maxPaths), text);
+    const QString text = QStringLiteral("%1  (%2)").arg(name, shown);
+    return QStringLiteral("&%1  %2").arg(QString::number(number % maxPaths), withoutShortcut(text));
 }
 
 void RecentPlugins::refill(QMenu &menu)

@@ -45,6 +45,7 @@ MessageBar::MessageBar(QWidget *parent)
 
 void MessageBar::tell(const QString &text)
 {
+    m_messages.removeAll(text);
     m_messages += text;
     showAll();
 }

@@ -38,7 +38,7 @@ static const RoleColor colors[] = {
     {QPalette::Shadow, 0xff6d737c, 0xff000000},
 };
 
-static const QRgb disabledText[] = {0xff8a9099, 0xff767d87};
+static const QRgb disabledText[] = {0xff5f666f, 0xffa2a9b3};
 
 static QPalette themePalette(Theme theme)
 {

@@ -2,6 +2,7 @@
 
 #include "session/recentplugins.h"
 #include "window/icons.h"
+#include "window/menutext.h"
 
 #include <QCommandLinkButton>
 #include <QDir>
@@ -28,10 +29,13 @@ static QLabel *newLabel(const QString &text, double scale, bool isBold)
 static QCommandLinkButton *newButton(const QString &text, const QString &description,
                                      const QString &icon)
 {
-    auto *button = new QCommandLinkButton(text, description);
+    auto *button = new QCommandLinkButton(withoutShortcut(text), withoutShortcut(description));
     button->setIcon(benchIcon(icon));
+    button->setAutoDefault(true); // Enter presses it
     button->setAccessibleName(text);
-    button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true); // as its hint is the height of a narrow one
+    button->setSizePolicy(policy);
     return button;
 }
 
@@ -91,9 +95,12 @@ void WelcomePage::showRecent(const RecentPlugins &recent)
     m_recent->addSpacing(8);
     m_recent->addWidget(newLabel(tr("Opened lately"), 1.1, true));
     for (const QString &path : paths) {
+        const bool isThere = QFileInfo::exists(path);
+        const QString shown = QDir::toNativeSeparators(path);
         auto *button =
-            newButton(recent.name(path), QDir::toNativeSeparators(path), QStringLiteral("recent"));
-        button->setEnabled(QFileInfo::exists(path));
+            newButton(recent.name(path), isThere ? shown : tr("%1 is no longer there").arg(shown),
+                      QStringLiteral("recent"));
+        button->setEnabled(isThere);
         connect(button, &QCommandLinkButton::clicked, this,
                 [this, path] { Q_EMIT recentRequested(path); });
         m_recent->addWidget(button);

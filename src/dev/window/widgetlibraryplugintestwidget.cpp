@@ -11,7 +11,6 @@
 #include <QMainWindow>
 #include <QMimeData>
 #include <QStackedWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace NARV::DEV {
@@ -236,25 +235,28 @@ void WidgetLibraryPluginTestWidget::closeEvent(QCloseEvent *event)
     QWidget::closeEvent(event);
 }
 
-static QString droppedPath(const QMimeData &data)
+//! Who drags a file does not give it away.
+static void acceptCopy(QDropEvent &event)
 {
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
 }
 
 void WidgetLibraryPluginTestWidget::dragEnterEvent(QDragEnterEvent *event)
 {
-    event->setAccepted(!droppedPath(*event->mimeData()).isEmpty());
+    if (event->mimeData()->hasUrls())
+        acceptCopy(*event);
+}
+
+void WidgetLibraryPluginTestWidget::dragMoveEvent(QDragMoveEvent *event)
+{
+    acceptCopy(*event);
 }
 
 void WidgetLibraryPluginTestWidget::dropEvent(QDropEvent *event)
 {
-    const QString path = droppedPath(*event->mimeData());
-    event->acceptProposedAction();
-    if (path.endsWith(QLatin1String(".json")))
-        d_ptr->openSceneFile(path);
-    else
-        d_ptr->openPlugin(path);
+    acceptCopy(*event);
+    d_ptr->openDropped(event->mimeData()->urls());
 }
 
 void WidgetLibraryPluginTestWidget::showEvent(QShowEvent *event)

@@ -37,7 +37,8 @@ public:
     void setProbeCommand(const QString &program, const QStringList &arguments);
 
     //! Opens a plugin's folder or library. What went wrong is shown; the outcome comes as
-    //! pluginLoaded() or pluginFailed(), at once if there is no probe.
+    //! pluginLoaded() or pluginFailed(), at once if there is no probe. What was open before stays
+    //! if it failed.
     void openPlugin(const QString &path);
     bool isPluginLoaded() const;
     //! Loads the plugin anew; the page stays.
@@ -104,6 +105,7 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void showEvent(QShowEvent *event) override;
 

@@ -11,10 +11,12 @@
 #include "session/recentplugins.h"
 #include "touch/touchsimulator.h"
 #include "window/actiontable.h"
+#include "window/menutext.h"
 #include "window/messagebar.h"
 #include "window/welcomepage.h"
 #include "window/widgetlibraryplugintestwidget.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
 #include <QDateTime>
@@ -22,8 +24,8 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QInputDialog>
+#include <QLibrary>
 #include <QLocale>
 #include <QMainWindow>
 #include <QMenu>
@@ -76,7 +78,7 @@ Private::~WidgetLibraryPluginTestWidgetPrivate()
 
 void Private::connectParts()
 {
-    connect(&session, &PluginSession::loaded, this, [this] {
+    connect(&session, &PluginSession::opened, this, [this] {
         if (recent)
             recent->add(session.path(), libraryName());
         showOutcome();
@@ -89,8 +91,12 @@ void Private::connectParts()
     connect(welcome, &WelcomePage::openLibraryRequested, this, &Private::chooseLibrary);
     connect(welcome, &WelcomePage::recentRequested, this, &Private::openPlugin);
     connect(failure, &FailureCard::retryRequested, &session, &PluginSession::open);
-    connect(failure, &FailureCard::loadAnywayRequested, &session, &PluginSession::openAnyway);
+    connect(failure, &FailureCard::loadAnywayRequested, this, [this](const QString &path) {
+        keeper.keepUnsaved(); // it may be the last that this program does
+        session.openAnyway(path);
+    });
     connect(failure, &FailureCard::openAnotherRequested, this, &Private::chooseFolder);
+    connect(failure, &FailureCard::backRequested, this, &Private::leaveFailure);
     connect(palette, &PalettePanel::placeRequested, this, &Private::placeInView);
     connect(view, &PageView::menuRequested, this, &Private::showContextMenu);
     connect(&document, &SceneDocument::notice, messages, &MessageBar::tell);
@@ -117,13 +123,14 @@ void Private::updateFieldsRequirements()
 void Private::updateActions()
 {
     const bool isEditor = document.mode() == SceneDocument::Mode::Editor;
+    const bool isEdited = isEditor && pages->currentWidget() != failurePage;
     const int selected = document.selection().size();
     const bool isMet[] = {true,
                           session.isLoaded(),
-                          isEditor,
-                          isEditor && selected > 0,
-                          isEditor && selected > 1,
-                          isEditor && session.isLoaded()};
+                          isEdited,
+                          isEdited && selected > 0,
+                          isEdited && selected > 1,
+                          isEdited && session.isLoaded()};
     for (const MenuEntry &menu : benchMenus()) {
         for (int i = 0; i < menu.count; ++i) {
             if (menu.entries[i].name)
@@ -146,9 +153,38 @@ void Private::updateActions()
 
 // Plugins
 
+static bool isSceneFile(const QFileInfo &file)
+{
+    return file.isFile() && file.suffix().compare(QLatin1String("json"), Qt::CaseInsensitive) == 0;
+}
+
 void Private::openPlugin(const QString &path)
 {
     session.open(path);
+}
+
+static const char *whyNotDropped(const QList<QUrl> &urls)
+{
+    if (urls.size() != 1)
+        return QT_TR_NOOP("Drop one file or folder at a time.");
+    const QFileInfo file(urls.first().toLocalFile());
+    if (!file.exists())
+        return QT_TR_NOOP("“%1” is not a file or folder on this machine.");
+    const bool isUsable = file.isDir() || isSceneFile(file) || QLibrary::isLibrary(file.filePath());
+    return isUsable ? nullptr
+                    : QT_TR_NOOP("“%1” is neither a plugin folder, a library nor a page (.json).");
+}
+
+void Private::openDropped(const QList<QUrl> &urls)
+{
+    messages->dismissMessages();
+    const QString path = urls.value(0).toLocalFile();
+    if (const char *reason = whyNotDropped(urls))
+        messages->tell(tr(reason).replace(QLatin1String("%1"), urls.value(0).fileName()));
+    else if (isSceneFile(QFileInfo(path)))
+        openSceneFile(path);
+    else
+        openPlugin(path);
 }
 
 void Private::showOutcome()
@@ -164,11 +200,31 @@ void Private::showOutcome()
     updateActions();
 }
 
+void Private::leaveFailure()
+{
+    session.giveUp();
+    showOutcome();
+    pages->currentWidget()->setFocus();
+}
+
+QString Private::backText() const
+{
+    if (!session.isLoaded())
+        return document.widgets().isEmpty() ? tr("Back to the start") : tr("Back to the page");
+    const QString name = withoutShortcut(libraryName());
+    return session.path() == session.loadedPath() ? tr("Back to %1 as it was before").arg(name)
+                                                  : tr("Back to %1").arg(name);
+}
+
 void Private::showFailure(const LoadFailure &reason)
 {
-    failure->setFailure(reason);
+    const QWidget *focused = QApplication::focusWidget();
+    const bool wasOnPage = !focused || pages->isAncestorOf(focused);
+    failure->setFailure(reason, backText());
     showTitle();
     pages->setCurrentWidget(failurePage);
+    if (wasOnPage && failure->isVisible())
+        failure->takeFocus();
     updateActions();
     QStringList lines = QStringList(reason.title) + reason.words;
     lines += reason.advice;
@@ -239,6 +295,8 @@ void Private::addScenarioActions(QMenu *menu)
 
 void Private::placeInView(const QString &widgetId, const QString &version)
 {
+    if (pages->currentWidget() == failurePage)
+        leaveFailure();
     setRuntime(false);
     const QPointF centre = view->mapToScene(view->viewport()->rect().center());
     if (SceneEditing::placeFree(document, widgetId, version, centre))
@@ -307,11 +365,14 @@ void Private::chooseScene()
 QString Private::openSceneFile(const QString &path)
 {
     QString problem;
-    if (keeper.open(path, problem))
+    const bool isOpen = keeper.open(path, problem);
+    if (isOpen)
         offerToTakeBack();
     else
         messages->tell(problem);
     showOutcome();
+    if (isOpen)
+        view->zoomToFit();
     return problem;
 }
 
@@ -320,6 +381,13 @@ void Private::saveTo(const QString &path)
     QString problem;
     if (!keeper.save(path, problem))
         messages->tell(problem);
+}
+
+//! The path without its suffix, to be proposed.
+QString Private::pageName() const
+{
+    const QFileInfo file(keeper.path());
+    return keeper.path().isEmpty() ? tr("page") : file.dir().filePath(file.completeBaseName());
 }
 
 void Private::saveScene()
@@ -336,6 +404,7 @@ void Private::saveSceneAs()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("json"));
     dialog->setNameFilter(sceneFilter());
+    dialog->selectFile(pageName() + QLatin1String(".json"));
     connect(dialog, &QFileDialog::fileSelected, this, &Private::saveTo);
     dialog->open();
 }
@@ -345,6 +414,8 @@ void Private::exportPicture()
     QFileDialog *dialog = fileDialog(q_ptr, tr("Save picture"), QFileDialog::AnyFile);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("png"));
+    dialog->setNameFilter(tr("Pictures (*.png)"));
+    dialog->selectFile(pageName() + QLatin1String(".png"));
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
         if (!q_ptr->renderPage().save(path))
             messages->tell(tr("%1 cannot be written").arg(path));

@@ -9,6 +9,7 @@
 #include "window/theme.h"
 
 #include <QHash>
+#include <QUrl>
 
 class QAction;
 class QDockWidget;
@@ -45,6 +46,8 @@ public:
     void updateFieldsRequirements();
 
     void openPlugin(const QString &path);
+    //! A plugin folder, a library or a page; tells of anything else.
+    void openDropped(const QList<QUrl> &urls);
     void chooseFolder();
     void chooseLibrary();
     void newScene();
@@ -70,6 +73,8 @@ public:
     void offerToTakeBack();
     void findField();
     void showOutcome();
+    //! From the card of a failure to what was there before.
+    void leaveFailure();
 
     WidgetLibraryPluginTestWidget *q_ptr;
     LogRelay relay;
@@ -101,6 +106,7 @@ private:
     void buildMenus();
     void buildToolBar();
     void buildStatusBar();
+    QLabel *newScenarioLabel();
     void connectParts();
     QDockWidget *addDock(const QString &name, const QString &title, QWidget *content,
                          Qt::DockWidgetArea area);
@@ -114,6 +120,8 @@ private:
     void saveTo(const QString &path);
     void showProbing();
     void showFailure(const LoadFailure &reason);
+    QString pageName() const;
+    QString backText() const;
     QString libraryName() const;
     void showTitle();
     void updateActions();

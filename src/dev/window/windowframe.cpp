@@ -5,6 +5,7 @@
 #include "data/alarmspanel.h"
 #include "data/clockbar.h"
 #include "data/scenariopanel.h"
+#include "data/scenarioplayer.h"
 #include "data/simulationclock.h"
 #include "data/tagspanel.h"
 #include "data/trendspanel.h"
@@ -21,6 +22,7 @@
 #include "window/widgetlibraryplugintestwidget.h"
 #include "window/widgetlibraryplugintestwidget_p.h"
 
+#include <QAbstractItemView>
 #include <QActionGroup>
 #include <QDockWidget>
 #include <QLabel>
@@ -30,6 +32,7 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace NARV::DEV {
@@ -39,10 +42,14 @@ using Private = WidgetLibraryPluginTestWidgetPrivate;
 static QWidget *centred(QWidget *content)
 {
     auto *page = new QWidget;
-    auto *row = new QHBoxLayout(page);
+    auto *column = new QVBoxLayout(page);
+    auto *row = new QHBoxLayout;
     row->addStretch(1);
     row->addWidget(content, 100);
     row->addStretch(1);
+    column->addStretch(1);
+    column->addLayout(row);
+    column->addStretch(2);
     return page;
 }
 
@@ -55,6 +62,8 @@ void Private::buildFrame()
     pages->addWidget(welcome);
     failurePage = centred(failure);
     pages->addWidget(failurePage);
+    auto *leave = new QShortcut(Qt::Key_Escape, failurePage);
+    connect(leave, &QShortcut::activated, this, &Private::leaveFailure);
     pages->addWidget(view);
     auto *central = new QWidget;
     auto *column = new QVBoxLayout(central);
@@ -83,8 +92,13 @@ QDockWidget *Private::addDock(const QString &name, const QString &title, QWidget
     return dock;
 }
 
-static QWidget *firstControl(QWidget *panel)
+//! What a person works with: the list of the panel, if there is something in it.
+static QWidget *mainControl(QWidget *panel)
 {
+    for (auto *list : panel->findChildren<QAbstractItemView *>()) {
+        if (list->isVisibleTo(panel) && list->model() && list->model()->rowCount() > 0)
+            return list;
+    }
     for (QWidget *control : panel->findChildren<QWidget *>()) {
         if ((control->focusPolicy() & Qt::TabFocus) && control->isVisibleTo(panel))
             return control;
@@ -101,7 +115,7 @@ void Private::addGoTo(QDockWidget *dock)
     connect(shortcut, &QShortcut::activated, dock, [dock] {
         dock->show();
         dock->raise();
-        firstControl(dock->widget())->setFocus(Qt::ShortcutFocusReason);
+        mainControl(dock->widget())->setFocus(Qt::ShortcutFocusReason);
     });
 }
 
@@ -241,7 +255,32 @@ void Private::buildToolBar()
         else
             bar->addSeparator();
     }
-    bar->addWidget(new ClockBar(data.clock()));
+    auto *clock = new ClockBar(data.clock());
+    for (QToolButton *button : clock->findChildren<QToolButton *>())
+        button->setIconSize(bar->iconSize());
+    bar->addWidget(clock);
+}
+
+//! Tells while a scenario has its hands in the data.
+QLabel *Private::newScenarioLabel()
+{
+    auto *label = new QLabel;
+    label->setObjectName(QStringLiteral("activeScenario"));
+    label->setAccessibleName(tr("Active scenarios"));
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    label->hide();
+    connect(&data.scenarios(), &ScenarioPlayer::activeChanged, label, [this, label] {
+        const QStringList &active = data.scenarios().active();
+        label->setVisible(!active.isEmpty());
+        label->setToolTip(active.join(QLatin1Char('\n')));
+        if (!active.isEmpty())
+            label->setText(
+                tr("Scenario: %1").arg(active.last()) +
+                (active.size() > 1 ? tr(" and %1 more").arg(active.size() - 1) : QString()));
+    });
+    return label;
 }
 
 void Private::buildStatusBar()
@@ -271,7 +310,7 @@ void Private::buildStatusBar()
     connect(&document, &SceneDocument::modeChanged, mode, showMode);
     showMode();
     bar->addWidget(gesture, 1);
-    for (QLabel *label : {mode, zoom}) {
+    for (QLabel *label : {newScenarioLabel(), mode, zoom}) {
         label->setMargin(4);
         bar->addPermanentWidget(label);
     }

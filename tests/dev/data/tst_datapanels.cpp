@@ -304,11 +304,12 @@ void tst_DataPanels::scenariosAreRunAndUndone()
     list->setFocus();
     QTest::keyClick(list, Qt::Key_Return); // no value
     QVERIFY(description->text() != before);
+    QVERIFY(list->item(0)->font().bold() && !list->item(1)->font().bold());
     QVERIFY(!data.tagValue(u("level")).isValid());
     QVERIFY(data.tagValue(u("speed")).isValid());
     restore->click();
     QVERIFY(data.tagValue(u("level")).isValid());
-    QVERIFY(!restore->isEnabled());
+    QVERIFY(!restore->isEnabled() && !list->item(0)->font().bold());
     QCOMPARE(description->text(), before);
 }
 

@@ -256,6 +256,7 @@ void tst_TestData::scenariosAreUndone()
     data.scenarios().restore();
     QCOMPARE(data.tagValue(u("number")), QVariant(50));
     QCOMPARE(active.size(), 2);
+    QVERIFY(data.scenarios().active().isEmpty());
 
     QSignalSpy changed(&data, &TestData::tagChanged);
     scenario("burst").run(data);
@@ -279,6 +280,9 @@ void tst_TestData::alarmScenarios()
     QCOMPARE(data.activeAlarms().size(), 51);
     QCOMPARE(data.toJson(), before);
     scenario("clearAlarms").run(data);
+    scenario("clearAlarms").run(data);
+    QCOMPARE(data.scenarios().active(),
+             QStringList({scenario("fiftyAlarms").title(), scenario("clearAlarms").title()}));
     QVERIFY(data.activeAlarms().isEmpty());
     scenario("disableAlarms").run(data);
     QCOMPARE(alarms.alarm(door).info.state, AlarmInfo::StateDisabled);

@@ -5,6 +5,7 @@
 
 #include "guardedtest.h"
 
+#include <QSaveFile>
 #include <QTemporaryDir>
 
 using namespace NARV;
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void timeFormats();
     void history();
     void fromAFile();
+    void filesAreShared();
     void editsAreChecked();
 };
 
@@ -151,6 +153,42 @@ void tst_TrendStore::fromAFile()
     QCOMPARE(pair(samples, 0), (QVariantList{59000, 5.0}));
     QCOMPARE(pair(samples, 1), (QVariantList{60000, QVariant()}));
     QCOMPARE(pair(samples, 2), (QVariantList{61000, 7.0, 1}));
+}
+
+// Tags and trends share what was read of a file, which is read again when it has changed.
+void tst_TrendStore::filesAreShared()
+{
+    const QTemporaryDir folder;
+    const auto write = [&folder](const QByteArray &content) {
+        QSaveFile file(folder.filePath(u("t.csv")));
+        return file.open(QIODevice::WriteOnly) && file.write(content) > 0 && file.commit();
+    };
+    QVERIFY(write("1\n2\n"));
+    TestData data;
+    data.setBaseFolder(folder.path());
+    Tag tag;
+    tag.generator.kind = GeneratorKind::CsvPlayback;
+    tag.generator.file = u("t.csv");
+    for (const char *name : {"a", "b"}) {
+        tag.name = u(name);
+        data.tags().add(tag);
+    }
+    data.trends().add({u("t"), {}, u("t.csv"), 100, 100});
+    std::weak_ptr<const CsvSeries> before = data.tags().series(u("t.csv"), CsvValues::Numbers);
+    QCOMPARE(before.use_count(), 3L);
+    const auto texts = data.tags().series(u("t.csv"), CsvValues::Texts);
+    QCOMPARE(texts->points[0].value.userType(), int(QMetaType::QString));
+    QVERIFY(write("7\nx\n"));
+    QTRY_VERIFY(before.expired());
+    QVERIFY(data.tags().problem(1).contains(u("line 2")));
+    QVERIFY(data.trends().problem(0).contains(u("line 2")));
+    QVERIFY(write("9\n8\n7\n"));
+    QTRY_COMPARE(data.tagValue(u("b")), QVariant(9.0)); // although no time passes
+    QCOMPARE(data.trends().problem(0), QString());
+    QVERIFY(QFile::remove(folder.filePath(u("t.csv"))));
+    QTRY_VERIFY(data.tags().problem(0).contains(u("no such file")));
+    QVERIFY(write("4\n"));
+    QTRY_COMPARE(data.tagValue(u("a")), QVariant(4.0));
 }
 
 void tst_TrendStore::editsAreChecked()

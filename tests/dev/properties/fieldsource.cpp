@@ -32,62 +32,56 @@ FieldSource::FieldSource(const QByteArray &fields)
     m_widget = library.widgets().value({QStringLiteral("w"), QStringLiteral("1.0.0")});
 }
 
-QVariant FieldSource::value(const QString &id) const
+QVariant FieldSource::value(int, const QString &id) const
 {
-    return values.value(id, defaultValue(id));
+    return values.value(id, defaultValue(0, id));
 }
 
-QVariant FieldSource::heldValue(const QString &id) const
+QVariant FieldSource::heldValue(int, const QString &id) const
 {
-    return NARV::DEV::inLanguage(value(id), language());
+    return NARV::DEV::inLanguage(value(0, id), language());
 }
 
-QVariant FieldSource::defaultValue(const QString &id) const
+QVariant FieldSource::defaultValue(int, const QString &id) const
 {
     const bool isFont = id.contains(QLatin1Char('.'));
     const auto field = m_widget.fields().value(id.section(QLatin1Char('.'), 0, 0));
     return isFont ? QVariant(field.defaultFont()) : field.defaultValue();
 }
 
-bool FieldSource::isChanged(const QString &id) const
+bool FieldSource::isChanged(int, const QString &id) const
 {
     return values.contains(id) || bindings.contains(id);
 }
 
-void FieldSource::setValue(const QString &id, const QVariant &value)
+void FieldSource::setValues(const QString &id, const QVector<QVariant> &given)
 {
     ++writes;
-    values.insert(id, value);
-    if (NARV::DEV::isSameValue(value, defaultValue(id)))
+    values.insert(id, given.first());
+    if (NARV::DEV::isSameValue(given.first(), defaultValue(0, id)))
         values.remove(id);
     Q_EMIT valueChanged(id);
 }
 
-void FieldSource::reset(const QString &id)
+void FieldSource::reset(const QStringList &ids)
 {
-    values.remove(id);
-    bindings.remove(id);
-    Q_EMIT valueChanged(id);
-}
-
-void FieldSource::resetAll()
-{
-    values.clear();
-    bindings.clear();
-    for (const QString &id : m_widget.fields().keys())
+    for (const QString &id : ids) {
+        values.remove(id);
+        bindings.remove(id);
         Q_EMIT valueChanged(id);
+    }
 }
 
-void FieldSource::bind(const QString &id, const QString &name)
+void FieldSource::bind(const QString &id, const QStringList &names)
 {
-    bindings.insert(id, name);
-    if (name.isEmpty())
+    bindings.insert(id, names.first());
+    if (names.first().isEmpty())
         bindings.remove(id);
     Q_EMIT valueChanged(id);
 }
 
-void FieldSource::setGeometry(const NARV::DEV::Geometry &geometry)
+void FieldSource::setGeometries(const QVector<NARV::DEV::Geometry> &geometries)
 {
-    place = geometry;
+    place = geometries.first();
     Q_EMIT geometryChanged();
 }

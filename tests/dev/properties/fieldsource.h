@@ -12,29 +12,31 @@ public:
     //! Fields as JSON, in single quotes.
     explicit FieldSource(const QByteArray &fields);
 
-    bool hasWidget() const override { return isSelected; }
-    QString name() const override { return QStringLiteral("widget 1"); }
-    const NARV::DEV::WidgetMetaInformation &description() const override { return m_widget; }
+    int widgetCount() const override { return isSelected; }
+    QString name(int) const override { return QStringLiteral("widget 1"); }
+    const NARV::DEV::WidgetMetaInformation &description(int) const override { return m_widget; }
+    QString missingReason(int) const override { return {}; }
     QString language() const override { return QStringLiteral("en-US"); }
     QStringList languages() const override { return {language(), QStringLiteral("it-IT")}; }
 
-    QVariant value(const QString &id) const override;
-    QVariant heldValue(const QString &id) const override;
-    QVariant defaultValue(const QString &id) const override;
-    bool isChanged(const QString &id) const override;
-    QString binding(const QString &id) const override { return bindings.value(id); }
-    NARV::DEV::Geometry geometry() const override { return place; }
+    QVariant value(int, const QString &id) const override;
+    QVariant heldValue(int, const QString &id) const override;
+    QVariant defaultValue(int, const QString &id) const override;
+    bool isChanged(int, const QString &id) const override;
+    QString binding(int, const QString &id) const override { return bindings.value(id); }
+    NARV::DEV::Geometry geometry(int) const override { return place; }
     QVector<NARV::DEV::TagName> tags() const override { return tagNames; }
     QStringList trends() const override
     {
         return {QStringLiteral("history"), QStringLiteral("log")};
     }
 
-    void setValue(const QString &id, const QVariant &value) override;
-    void reset(const QString &id) override;
-    void resetAll() override;
-    void bind(const QString &id, const QString &name) override;
-    void setGeometry(const NARV::DEV::Geometry &geometry) override;
+    void setValues(const QString &id, const QVector<QVariant> &values) override;
+    void bind(const QString &id, const QStringList &names) override;
+    void setGeometries(const QVector<NARV::DEV::Geometry> &geometries) override;
+    void reset(const QStringList &ids) override;
+
+    void write(const QString &id, const QVariant &value) { setValues(id, {value}); }
 
     bool isSelected = true;
     QVariantMap values;

@@ -59,7 +59,7 @@ private Q_SLOTS:
     void groupsFollowTheirRows();
 };
 
-static QVariant value(const QString &id)
+static QVariant value(int, const QString &id)
 {
     static const QVariantMap values{
         {u("one"), 1}, {u("three"), 3}, {u("off"), false}, {u("half"), 0.5}};
@@ -71,11 +71,11 @@ void tst_FieldRequirements::evaluation()
     const auto &row = currentRow(rows);
     FieldRequirements::Row text{row.isShown}; // the opposite of what is to come out
     FieldRequirements::Row font{row.isShown};
-    FieldRequirements requirements({{u("field"), {u(row.name), {&text, &font}}}}, {});
+    FieldRequirements requirements({{u("field"), {{u(row.name)}, {&text, &font}}}}, {});
     requirements.update(value);
     QCOMPARE(!text.isHidden, row.isShown);
     QCOMPARE(!font.isHidden, row.isShown);
-    QCOMPARE(requirements.reason(u("field")), u(row.reason));
+    QCOMPARE(requirements.reason(u("field")).text, u(row.reason));
 }
 
 void tst_FieldRequirements::malformed()
@@ -83,11 +83,11 @@ void tst_FieldRequirements::malformed()
     const auto &row = currentRow(malformedRows);
     FieldRequirements::Row shown{false};
     FieldRequirements::Row hidden{true};
-    FieldRequirements requirements({{u("field"), {u(row.name), {&shown, &hidden}}}}, {});
+    FieldRequirements requirements({{u("field"), {{u(row.name)}, {&shown, &hidden}}}}, {});
     requirements.update(value);
     QVERIFY(!shown.isHidden);
     QVERIFY(hidden.isHidden);
-    QVERIFY(requirements.reason(u("field")).contains(u(row.term)));
+    QVERIFY(requirements.reason(u("field")).text.contains(u(row.term)));
     const auto expected = u("The requirements \"%1\" of the field \"field\" is invalid: \"%2\"")
                               .arg(u(row.name), u(row.term));
     const LogEntry entry{QtCriticalMsg, QString(), u("TESTAPP"), expected};
@@ -98,14 +98,15 @@ void tst_FieldRequirements::groupsFollowTheirRows()
 {
     FieldRequirements::Row a, b, plain, full, half, empty;
     int level = 0;
-    FieldRequirements requirements(
-        {{u("a"), {u("level>0"), {&a}}}, {u("b"), {u("level>1"), {&b}}}, {u("c"), {{}, {&plain}}}},
-        {{u("Both"), {&full, {&a, &b}}},
-         {u("Empty"), {&empty, {}}},
-         {u("Half"), {&half, {&b, &plain}}}});
+    FieldRequirements requirements({{u("a"), {{u("level>0")}, {&a}}},
+                                    {u("b"), {{u("level>1")}, {&b}}},
+                                    {u("c"), {{QString()}, {&plain}}}},
+                                   {{u("Both"), {&full, {&a, &b}}},
+                                    {u("Empty"), {&empty, {}}},
+                                    {u("Half"), {&half, {&b, &plain}}}});
     const auto isHidden = [&](int now) {
         level = now;
-        requirements.update([&level](const QString &) { return level; });
+        requirements.update([&level](int, const QString &) { return level; });
         return QVector<bool>{full.isHidden, half.isHidden, empty.isHidden};
     };
     QCOMPARE(isHidden(0), QVector<bool>({true, false, true}));

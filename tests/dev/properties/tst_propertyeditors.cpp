@@ -62,6 +62,8 @@ static const struct
     {"bool by its editor", "flag", "F2 Space Return", "true"},
     {"bool back again", "flag", "F2 Space Esc", "false"},
     {"option", "option", "F2 Down Return", "Green"},
+    {"option from its row", "option", "Alt+Down Down Down Return", "Blue"},
+    {"option given up", "option", "Return Down Esc", "Red"},
     {"option by letter", "option", "F2 b Return", "Blue"},
     {"color", "color", "F2 # 8 0 f f 0 0 0 1 Return", "#80FF0001"},
     {"color by name", "color", "r e d Return", "#FF0000"},
@@ -97,6 +99,7 @@ class tst_PropertyEditors : public GuardedTest
 private Q_SLOTS:
     void keys_data() { addRows(keyRows); }
     void keys();
+    void oneClickOpensTheChoices();
     void refused_data() { addRows(refusedRows); }
     void refused();
     void everyTypeIsEdited();
@@ -155,6 +158,7 @@ void tst_PropertyEditors::Panel::press(const char *keys)
         const int code = QKeySequence(key)[0];
         QTest::keyClick(focus, Qt::Key(code & ~Qt::KeyboardModifierMask),
                         Qt::KeyboardModifiers(code & int(Qt::KeyboardModifierMask)));
+        QCoreApplication::sendPostedEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }
@@ -168,6 +172,22 @@ void tst_PropertyEditors::keys()
     QCOMPARE(panel.text(row.field), u(row.text));
     QVERIFY(!panel.editor());
     QCOMPARE(QApplication::focusWidget(), &panel.view);
+}
+
+void tst_PropertyEditors::oneClickOpensTheChoices()
+{
+    Panel panel;
+    panel.choose("option");
+    const QRect row = panel.view.visualRect(panel.view.currentIndex());
+    panel.choose("text");
+    QTest::mouseClick(panel.view.viewport(), Qt::LeftButton, {}, row.center());
+    QWidget *list = QApplication::activePopupWidget();
+    QVERIFY(list);
+    QTest::keyClick(list->findChild<QAbstractItemView *>(), Qt::Key_Down);
+    list->findChild<QAbstractItemView *>()->setFocus();
+    panel.press("Return");
+    QCOMPARE(panel.text("option"), u("Green"));
+    QVERIFY(!panel.editor());
 }
 
 void tst_PropertyEditors::refused()
@@ -190,7 +210,7 @@ void tst_PropertyEditors::everyTypeIsEdited()
     Panel panel;
     QSet<int> types;
     for (const auto &row : keyRows)
-        types += panel.source.description().fields()[u(row.field)].type();
+        types += panel.source.description(0).fields()[u(row.field)].type();
     QCOMPARE(types.size(), 12);
 }
 
@@ -214,16 +234,16 @@ void tst_PropertyEditors::resetByKey()
 {
     for (const char *key : {"Del", "Ctrl+Backspace"}) {
         Panel panel;
-        panel.source.setValue(u("integer"), 8);
+        panel.source.write(u("integer"), 8);
         panel.choose("integer");
         panel.press(key);
         QCOMPARE(panel.text("integer"), u("5"));
     }
     Panel panel;
-    panel.source.setValue(u("text"), u("other"));
-    panel.source.bind(u("number"), u("level"));
+    panel.source.write(u("text"), u("other"));
+    panel.source.bind(u("number"), {u("level")});
     panel.panel.findChild<QToolButton *>(u("resetAll"))->click();
-    QVERIFY(!panel.source.isChanged(u("text")) && !panel.source.isChanged(u("number")));
+    QVERIFY(!panel.source.isChanged(0, u("text")) && !panel.source.isChanged(0, u("number")));
 }
 
 void tst_PropertyEditors::bindingByKey()
@@ -231,14 +251,14 @@ void tst_PropertyEditors::bindingByKey()
     Panel panel;
     panel.choose("number");
     panel.press("Ctrl+T r u n Return");
-    QCOMPARE(panel.source.binding(u("number")), u("running"));
+    QCOMPARE(panel.source.binding(0, u("number")), u("running"));
     panel.press("Ctrl+T Home Up Up Return");
-    QCOMPARE(panel.source.binding(u("number")), QString());
-    panel.source.bind(u("number"), u("gone"));
+    QCOMPARE(panel.source.binding(0, u("number")), QString());
+    panel.source.bind(u("number"), {u("gone")});
     panel.press("Ctrl+T Return"); // a tag that is missing stays unless another is chosen
-    QCOMPARE(panel.source.binding(u("number")), u("gone"));
+    QCOMPARE(panel.source.binding(0, u("number")), u("gone"));
     panel.press("Ctrl+Shift+T");
-    QCOMPARE(panel.source.binding(u("number")), QString());
+    QCOMPARE(panel.source.binding(0, u("number")), QString());
 }
 
 void tst_PropertyEditors::theWidgetWritesMeanwhile()
@@ -246,14 +266,14 @@ void tst_PropertyEditors::theWidgetWritesMeanwhile()
     Panel panel;
     panel.choose("text");
     panel.press("F2 n");
-    panel.source.setValue(u("integer"), 3);
-    panel.source.setValue(u("text"), u("written"));
+    panel.source.write(u("integer"), 3);
+    panel.source.write(u("text"), u("written"));
     QCOMPARE(panel.text("integer"), u("3"));
     QCOMPARE(panel.text("text"), u("written"));
     panel.press("e w Return");
     QCOMPARE(panel.text("text"), u("new"));
     panel.press("F2");
-    panel.source.setValue(u("text"), u("again")); // nothing is typed yet
+    panel.source.write(u("text"), u("again")); // nothing is typed yet
     panel.press("Return");
     QCOMPARE(panel.text("text"), u("again"));
 }
@@ -261,7 +281,7 @@ void tst_PropertyEditors::theWidgetWritesMeanwhile()
 void tst_PropertyEditors::linesBeginAtTheFirst()
 {
     Panel panel;
-    panel.source.setValue(u("list"), u("a b c d e f g h i j k l").split(u(" ")));
+    panel.source.write(u("list"), u("a b c d e f g h i j k l").split(u(" ")));
     panel.choose("list");
     panel.press("F2");
     const auto *edit = panel.editor()->findChild<QPlainTextEdit *>();
@@ -288,7 +308,7 @@ void tst_PropertyEditors::keysComeBeforeTheWindowsShortcuts()
     remove.setShortcuts({QKeySequence(Qt::Key_Delete), QKeySequence(Qt::Key_Space)});
     panel.window.addAction(&remove);
     QSignalSpy removed(&remove, &QAction::triggered);
-    panel.source.setValue(u("integer"), 8);
+    panel.source.write(u("integer"), 8);
     panel.choose("integer");
     panel.press("Del");
     QCOMPARE(panel.text("integer"), u("5"));

@@ -112,10 +112,10 @@ void tst_PropertyModel::valuesAreBounded()
     QVERIFY(tree.set("limit", 7));
     QCOMPARE(notices.size(), 0);
     QVERIFY(tree.set("limit", 11));
-    QCOMPARE(tree.source.value(u("limit")), QVariant(10));
+    QCOMPARE(tree.source.value(0, u("limit")), QVariant(10));
     QCOMPARE(notices.size(), 1);
     QVERIFY(tree.set("limit", -1));
-    QCOMPARE(tree.source.value(u("limit")), QVariant(0));
+    QCOMPARE(tree.source.value(0, u("limit")), QVariant(0));
     const QString tip = tree.model.indexOf(u("limit")).data(Qt::ToolTipRole).toString();
     for (const char *fact : {"Limit", "integer", "0 … 10", "Default: 5"})
         QVERIFY2(tip.contains(u(fact)), fact);
@@ -128,15 +128,15 @@ void tst_PropertyModel::readOnlyFields()
     QVERIFY(!(state.flags() & Qt::ItemIsEditable));
     QVERIFY(!tree.set("state", 3));
     tree.model.reset(state);
-    tree.source.setValue(u("state"), 2.25); // as the widget does
+    tree.source.write(u("state"), 2.25); // as the widget does
     QCOMPARE(tree.text("state"), u("2.25"));
     for (const char *number : {"88.3308 88.3308108213", "1234568 1234567.890625"}) {
         const QStringList texts = u(number).split(u(" "));
-        tree.source.setValue(u("state"), texts[1].toDouble());
+        tree.source.write(u("state"), texts[1].toDouble());
         QCOMPARE(tree.text("state"), texts[0]);
         QCOMPARE(state.data(Qt::EditRole).toDouble(), texts[1].toDouble());
     }
-    tree.source.setValue(u("state"), 2.25);
+    tree.source.write(u("state"), 2.25);
     tree.model.reset(state);
     QCOMPARE(tree.text("state"), u("2.25"));
 }
@@ -152,11 +152,11 @@ void tst_PropertyModel::changedAndReset()
     QVERIFY(tree.set("limit", 6));
     QVERIFY(isBold(limit));
     QVERIFY(tree.model.setData(tree.part("label.font", 2), Qt::Checked, Qt::CheckStateRole));
-    QVERIFY(tree.source.value(u("label.font")).value<QFont>().bold());
+    QVERIFY(tree.source.value(0, u("label.font")).value<QFont>().bold());
     QVERIFY(isBold(tree.part("label.font", 2)));
     QVERIFY(!isBold(tree.part("label.font", 1)));
     tree.model.reset(tree.part("label.font", 2));
-    QVERIFY(!tree.source.isChanged(u("label.font")));
+    QVERIFY(!tree.source.isChanged(0, u("label.font")));
     const QString tip = tree.model.indexOf(u("label.font")).data(Qt::ToolTipRole).toString();
     for (const char *fact : {"Label: font", "label.font", "Default: Roboto, 10"})
         QVERIFY2(tip.contains(u(fact)), qPrintable(tip));
@@ -179,7 +179,7 @@ void tst_PropertyModel::requirementsHideRows()
     QVERIFY(
         tree.model.indexOf(u("mark")).data(Qt::ToolTipRole).toString().startsWith(u("<i>Hidden:")));
     filter.setShowHidden(false);
-    tree.source.reset(u("show"));
+    tree.source.reset({u("show")});
     QVERIFY(names(filter).contains(u("Marks")));
 }
 
@@ -204,11 +204,11 @@ void tst_PropertyModel::partsOfValues()
     Tree tree;
     QVERIFY(tree.set("label", u("Hi"))); // in the language of the tree
     QVERIFY(tree.model.setData(tree.part("label", 1), u("Ciao"), Qt::EditRole));
-    const auto text = tree.source.value(u("label")).value<Text>();
+    const auto text = tree.source.value(0, u("label")).value<Text>();
     QCOMPARE(text.get(u("en-US"), false), u("Hi"));
     QCOMPARE(text.get(u("it-IT"), false), u("Ciao"));
     QVERIFY(tree.model.setData(tree.part("label.font", 1), 0, Qt::EditRole));
-    QCOMPARE(tree.source.value(u("label.font")).value<QFont>().pointSize(), 1);
+    QCOMPARE(tree.source.value(0, u("label.font")).value<QFont>().pointSize(), 1);
 }
 
 // What is typed as lines in one language takes the other languages along.
@@ -218,7 +218,7 @@ void tst_PropertyModel::languagesOfAList()
     const QModelIndex second = tree.part("lines", 1, 0);
     QVERIFY(tree.model.setData(tree.model.index(1, 1, second), u("due"), Qt::EditRole));
     QVERIFY(tree.set("lines", QStringList({u("new"), u("c"), u("b")})));
-    const auto texts = tree.source.value(u("lines")).value<QList<Text>>();
+    const auto texts = tree.source.value(0, u("lines")).value<QList<Text>>();
     QCOMPARE(inLanguage(QVariant::fromValue(texts), u("en-US")).toStringList(),
              QStringList({u("new"), u("c"), u("b")}));
     QCOMPARE(texts[2].get(u("it-IT"), false), u("due"));
@@ -278,7 +278,7 @@ void tst_PropertyModel::bindings()
     Tree tree;
     const QModelIndex tag = tree.model.indexOf(u("limit"), PropertyModel::TagColumn);
     QVERIFY(tree.model.setData(tag, u("level"), Qt::EditRole));
-    QCOMPARE(tree.source.binding(u("limit")), u("level"));
+    QCOMPARE(tree.source.binding(0, u("limit")), u("level"));
     QCOMPARE(tag.data(PropertyModel::KindRole).value<ValueKind>().choices.size(), 3);
     const QModelIndex other = tree.model.indexOf(u("show"), PropertyModel::TagColumn);
     QVERIFY(!tree.model.setData(other, u("level"), Qt::EditRole));

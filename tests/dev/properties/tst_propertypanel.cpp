@@ -33,6 +33,8 @@ private Q_SLOTS:
     void theWidgetsOwnWrites();
     void requirementsFollowValues();
     void tagsOfTheMachine();
+    void severalWidgets();
+    void differentWidgets();
     void searchWithoutMatch();
 
 private:
@@ -107,9 +109,9 @@ void tst_PropertyPanel::followsTheSelection()
     const auto *name = m_bench->panel.findChild<QLabel *>(u("widgetName"));
     QCOMPARE(name->text(), gauge.name());
     m_bench->document.select(m_bench->document.widgets());
-    QVERIFY(name->text().endsWith(u(" (1 of 2 selected)")));
+    QCOMPARE(name->text(), u("2 widgets"));
     m_bench->document.remove({&gauge});
-    QVERIFY(!name->text().contains(u("selected")));
+    QCOMPARE(name->text(), u("lamp"));
     QVERIFY(!m_bench->model().indexOf(u("needleStyle")).isValid());
     m_bench->document.select({});
     QVERIFY(empty->isVisibleTo(&m_bench->panel));
@@ -129,6 +131,11 @@ void tst_PropertyPanel::writesCanBeUndone()
     QCOMPARE(gauge.state().position.x(), 33.0);
     m_bench->document.undoStack().undo();
     QCOMPARE(x.data(Qt::EditRole).toDouble(), before);
+    const int steps = m_bench->document.undoStack().index();
+    for (const int width : {60, 61, 62})
+        QVERIFY(m_bench->model().setData(x.siblingAtRow(2), width, Qt::EditRole));
+    QVERIFY(m_bench->model().setData(x, 70, Qt::EditRole));
+    QCOMPARE(m_bench->document.undoStack().index(), steps + 2);
 }
 
 void tst_PropertyPanel::theWidgetsOwnWrites()
@@ -183,6 +190,68 @@ void tst_PropertyPanel::tagsOfTheMachine()
         m_bench->data.clock().setRunning(isRunning);
         QVERIFY(m_bench->set("value", 4));
         QCOMPARE(notices.size(), isRunning ? 1 : 0);
+    }
+}
+
+// What all have in common is edited as one.
+void tst_PropertyPanel::severalWidgets()
+{
+    PlacedWidget &first = m_bench->place("gauge");
+    PlacedWidget &second = m_bench->place("gauge");
+    SceneDocument &document = m_bench->document;
+    document.setFieldValue(first, u("divisions"), 5);
+    document.bind(first, u("value"), u("level"));
+    document.select({&first, &second});
+    const auto is = [this](const char *field, int role, int column = PropertyModel::ValueColumn) {
+        return m_bench->model().indexOf(u(field), column).data(role).toBool();
+    };
+    QCOMPARE(m_bench->text("divisions"), u("(different)"));
+    QVERIFY(is("divisions", PropertyModel::ChangedRole));
+    QVERIFY(!is("maximum", PropertyModel::DifferentRole));
+    QVERIFY(is("value", PropertyModel::DifferentRole, PropertyModel::TagColumn));
+    const int steps = document.undoStack().count();
+    QVERIFY(m_bench->set("divisions", 7));
+    QCOMPARE(m_bench->text("divisions"), u("7"));
+    QCOMPARE(document.undoStack().count(), steps + 1);
+    QCOMPARE(document.undoStack().undoText(), u("Set Divisions of 2 widgets"));
+    document.undoStack().undo();
+    QTRY_COMPARE(m_bench->text("divisions"), u("(different)"));
+    QCOMPARE(first.fieldValue(u("divisions")), QVariant(5));
+    // Only what was edited of a value becomes the same.
+    const QModelIndex geometry = m_bench->model().index(0, 0);
+    const QModelIndex width = m_bench->model().index(2, PropertyModel::ValueColumn, geometry);
+    document.setGeometry(first, {1, 2}, {30, 40}, 0);
+    QTRY_VERIFY(width.data(PropertyModel::DifferentRole).toBool());
+    QVERIFY(m_bench->model().setData(width, 55, Qt::EditRole));
+    QCOMPARE(first.state().size, QSizeF(55, 40));
+    QCOMPARE(second.state().size, QSizeF(55, second.state().size.height()));
+    QVERIFY(m_bench->model().setData(m_bench->model().indexOf(u("value"), PropertyModel::TagColumn),
+                                     u("flow"), Qt::EditRole));
+    QCOMPARE(first.binding(u("value")) + second.binding(u("value")), u("flowflow"));
+    m_bench->model().resetAll();
+    QVERIFY(first.state().values.isEmpty() && second.state().bindings.isEmpty());
+    document.undoStack().undo();
+    QCOMPARE(second.binding(u("value")), u("flow"));
+    // A row is hidden if one of the widgets does not meet the requirements.
+    document.setFieldValue(first, u("showLimits"), false);
+    QTRY_VERIFY(is("lowAlarm", PropertyModel::HiddenRole));
+    QCOMPARE(m_bench->model().reason(u("lowAlarm")),
+             u("gauge: \"showLimits\" is \"false\", not \"true\""));
+}
+
+void tst_PropertyPanel::differentWidgets()
+{
+    m_bench->place("gauge");
+    m_bench->place("lamp");
+    m_bench->document.select(m_bench->document.widgets());
+    const auto &fields = m_bench->document.widget(u("gauge"))->description().fields();
+    const auto &others = m_bench->document.widget(u("lamp"))->description().fields();
+    m_bench->model().setShowPrivate(true);
+    for (const FieldMetaInformation &field : fields) {
+        const bool isShared =
+            others.contains(field.id()) && others[field.id()].type() == field.type() &&
+            others[field.id()].isMultiLanguageText() == field.isMultiLanguageText();
+        QCOMPARE(m_bench->model().indexOf(field.id()).isValid(), isShared);
     }
 }
 

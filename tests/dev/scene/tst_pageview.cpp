@@ -32,6 +32,8 @@ private Q_SLOTS:
     void cleanup();
     void selectingAndMoving();
     void resizingAndRotating();
+    void tinyWidgets_data();
+    void tinyWidgets();
     void rubberBand();
     void keyboard();
     void dropping();
@@ -131,6 +133,42 @@ void tst_PageView::resizingAndRotating()
     QCOMPARE(widget.item()->rotation(), 90.0);
     m_bench->document.undoStack().setIndex(1);
     QCOMPARE(widget.state().size, before.size);
+}
+
+void tst_PageView::tinyWidgets_data()
+{
+    QTest::addColumn<double>("zoom");
+    for (const double zoom : {0.05, 0.4, 1.0, 2.5, 16.0})
+        QTest::addRow("%g", zoom) << zoom;
+}
+
+// Its middle moves it and the handles resize it, however small it is on the screen.
+void tst_PageView::tinyWidgets()
+{
+    QFETCH(double, zoom);
+    place({50, 40});
+    PlacedWidget &widget = place({50, 40});
+    m_bench->document.setGeometry(widget, {47, 38}, {6, 4}, 0);
+    m_bench->view.setZoom(zoom);
+    const QPoint by(60, 40);
+    const QPoint middle = at(centreOf(widget.state()));
+    for (const QPoint &grasp : {QPoint(0, 0), QPoint(4, -4)}) {
+        const WidgetState before = widget.state();
+        drag(middle + grasp, middle + grasp + by);
+        const QPointF moved = widget.state().position - before.position;
+        QVERIFY((moved - QPointF(by) / zoom).manhattanLength() <= 1 + 1 / zoom);
+        QCOMPARE(widget.state().size, before.size);
+        m_bench->document.undoStack().undo();
+    }
+    for (const Handle &handle : allHandles()) {
+        const WidgetState before = widget.state();
+        const QPoint point = at(handlePosition(handleFrame(before, zoom), handle, 24 / zoom));
+        drag(point, point + QPoint(handle.horizontal, handle.vertical) * 50);
+        QCOMPARE(widget.state().size.width() > before.size.width(), handle.horizontal != 0);
+        QCOMPARE(widget.state().size.height() > before.size.height(), handle.vertical != 0);
+        if (widget.state().size != before.size)
+            m_bench->document.undoStack().undo();
+    }
 }
 
 void tst_PageView::rubberBand()

@@ -1,8 +1,11 @@
 #include "guardedtest.h"
 
 #include "console/eventlog.h"
+#include "data/alarmtable.h"
+#include "data/simulationclock.h"
 #include "data/tagtable.h"
 #include "data/testdata.h"
+#include "data/trendstore.h"
 #include "scene/scenedocument.h"
 #include "scene/sceneediting.h"
 #include "session/pluginsession.h"
@@ -33,6 +36,10 @@ private Q_SLOTS:
     void modeAndReloadKeepValues();
     void whatTheLibraryLacks();
     void removedWidgetsComeBackInPlace();
+    void textsInWords();
+    void editsOfTheData_data();
+    void editsOfTheData();
+    void editsOfTheDataMerge();
     void editing();
 
 private:
@@ -101,7 +108,7 @@ void tst_SceneDocument::fieldWritesMerge()
     document.setFieldValue(widget, u("value"), 12.0);
     document.setFieldValue(widget, u("maximum"), 50.0);
     QCOMPARE(document.undoStack().count(), steps + 2);
-    document.resetAllFields(widget);
+    document.resetFields({&widget}, {u("value"), u("maximum")});
     QCOMPARE(widget.fieldValue(u("value")), start);
     document.undoStack().undo();
     QCOMPARE(widget.fieldValue(u("value")), QVariant(12.0));
@@ -245,6 +252,128 @@ void tst_SceneDocument::removedWidgetsComeBackInPlace()
     QCOMPARE(document.widgets().last()->item()->zValue(), 4.0);
     document.undoStack().undo();
     QCOMPARE(names(), before);
+}
+
+// A person reads titles, not ids.
+void tst_SceneDocument::textsInWords()
+{
+    SceneDocument &document = m_bench->document;
+    m_bench->data.loadDefaults();
+    gauge();
+    PlacedWidget &widget = gauge();
+    const QUndoStack &steps = document.undoStack();
+    QCOMPARE(steps.undoText(), u("Place Gauge"));
+    document.setFieldValue(widget, u("value"), 3.0);
+    QCOMPARE(steps.undoText(), u("Set Value of Gauge 2"));
+    document.bind(widget, u("value"), u("level"));
+    QCOMPARE(steps.undoText(), u("Attach Value of Gauge 2 to level"));
+    QVERIFY(document.place(u("alarmList"), u("1.0.0"), {}));
+    m_bench->data.alarms().apply(1, AlarmAction::Raise);
+    Q_EMIT widget.widget()->fieldIsChanged(u("maximum"), 7.0);
+    document.setLanguage(u("it-IT"));
+    document.setFieldValue(widget, u("value"), 4.0);
+    QCOMPARE(steps.undoText(), u("Set Valore of Indicatore a lancetta 2"));
+    document.remove(document.widgets());
+    QCOMPARE(steps.undoText(), u("Delete 3 widgets"));
+    m_bench->events.flush();
+    QStringList texts;
+    for (int row = 0; row < m_bench->events.rowCount(); ++row)
+        texts += m_bench->events.record(row).text;
+    QVERIFY(texts.contains(u("door open: triggered, not acknowledged")));
+    QVERIFY(texts.contains(u("Maximum = 7")));
+}
+
+static const struct
+{
+    const char *name; // of the step
+    void (*edit)(TestData &data);
+} dataRows[] = {
+    {"Add the tag new",
+     [](TestData &data) {
+         data.tags().add({u("new"), TagType::Bool, {}, {}, {}});
+     }},
+    {"Remove the tag temperature", [](TestData &data) { data.tags().remove(1); }},
+    {"Rename the tag level to height", [](TestData &data) { data.tags().rename(0, u("height")); }},
+    {"Change the tag setpoint",
+     [](TestData &data) { data.tags().setType(data.tags().find(u("setpoint")), TagType::Bool); }},
+    {"Change the tag level",
+     [](TestData &data) {
+         data.tags().setGenerator(0, {});
+         data.tags().write(0, 12.5);
+     }},
+    {"Add the trend new",
+     [](TestData &data) {
+         data.trends().add({u("new"), u("speed"), {}});
+     }},
+    {"Remove the trend level", [](TestData &data) { data.trends().remove(0); }},
+    {"Change the trend level",
+     [](TestData &data) {
+         data.trends().setData(data.trends().index(0, TrendStore::IntervalColumn), 70);
+     }},
+    {"Remove the alarm level high", [](TestData &data) { data.alarms().remove(0); }},
+    {"Rename the alarm door open to gate",
+     [](TestData &data) {
+         data.alarms().setData(data.alarms().index(1, AlarmTable::NameColumn), u("gate"));
+     }},
+};
+
+void tst_SceneDocument::editsOfTheData_data()
+{
+    addRows(dataRows);
+}
+
+void tst_SceneDocument::editsOfTheData()
+{
+    const auto &row = currentRow(dataRows);
+    TestData &data = m_bench->data;
+    QUndoStack &steps = m_bench->document.undoStack();
+    data.loadDefaults();
+    data.clock().advance(1000);
+    PlacedWidget &widget = gauge();
+    m_bench->document.bind(widget, u("value"), u("level"));
+    const auto all = [&] {
+        m_bench->document.deliverPending();
+        return QVariantList{data.toJson(), widget.binding(u("value")),
+                            widget.fieldValue(u("value"))};
+    };
+    const QVariantList before = all();
+    m_bench->document.setUnmodified();
+    const int count = steps.count();
+    data.edit([&] { row.edit(data); });
+    const QVariantList after = all();
+    QVERIFY(before != after);
+    QCOMPARE(steps.count(), count + 1);
+    QCOMPARE(steps.undoText(), u(row.name));
+    for (int i = 0; i < 2; ++i) {
+        steps.undo();
+        QCOMPARE(all(), before);
+        QVERIFY(!m_bench->document.isModified());
+        steps.redo();
+        QCOMPARE(all(), after);
+    }
+}
+
+// What tags have at the moment and how alarms are is not undone; quick steps of an edit are one.
+void tst_SceneDocument::editsOfTheDataMerge()
+{
+    TestData &data = m_bench->data;
+    QUndoStack &steps = m_bench->document.undoStack();
+    data.loadDefaults();
+    data.edit([&] { data.tags().write(data.tags().find(u("setpoint")), 7); });
+    data.edit([&] { data.alarms().apply(1, AlarmAction::Raise); });
+    QCOMPARE(steps.count(), 0);
+    QVERIFY(m_bench->document.isModified());
+    const GeneratorSettings before = data.tags().tag(0).generator;
+    for (const double maximum : {101.0, 102.0, 103.0}) {
+        GeneratorSettings settings = before;
+        settings.maximum = maximum;
+        data.edit([&] { data.tags().setGenerator(0, settings); });
+    }
+    QCOMPARE(steps.count(), 1);
+    data.clock().advance(700);
+    steps.undo();
+    QVERIFY(data.tags().tag(0).generator == before);
+    QCOMPARE(data.tagValue(u("setpoint")), QVariant(7.0));
 }
 
 void tst_SceneDocument::editing()

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QGraphicsScene>
 #include <QIcon>
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
@@ -27,12 +29,34 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QTreeView>
+#include <QUrl>
 
 #include <functional>
 #include <memory>
 
 using namespace NARV::DEV;
 using Bench = WidgetLibraryPluginTestWidget;
+
+static void replace(const QString &with, const QString &path)
+{
+    QFile::remove(path);
+    QVERIFY(QFile::copy(with, path));
+}
+
+static const struct
+{
+    const char *name;
+    const char *file; // in the test's folder; "*": two of them
+    const char *told; // with a message; empty: the drop is taken
+} dropRows[] = {
+    {"library", "library.so", ""},
+    {"page", "page.JSON", ""},
+    {"picture", "picture.png", "“picture.png” is neither a plugin folder"},
+    {"text", "notes & more.txt", "“notes & more.txt” is neither"},
+    {"faulty page", "faulty.json", "faulty.json:1:"},
+    {"gone", "gone.so", "“gone.so” is not a file or folder on this machine."},
+    {"two", "*", "Drop one file or folder at a time."},
+};
 
 //! The window as a person uses it: by mouse and keys.
 class tst_TestBenchWindow : public GuardedTest
@@ -47,6 +71,8 @@ private Q_SLOTS:
     void keysBelongToWhatHasTheFocus();
     void tabLeadsThroughTheWindow();
     void failedLoad();
+    void drops_data() { addRows(dropRows); }
+    void drops();
     void reloadKeepsThePage();
     void unsavedWorkIsOfferedAgain();
     void replacedWorkIsOfferedAgain();
@@ -261,14 +287,64 @@ void tst_TestBenchWindow::failedLoad()
     QVERIFY(part<QPlainTextEdit>("words").isVisible());
     QVERIFY(!part<QPlainTextEdit>("words").toPlainText().isEmpty());
     QVERIFY(part<QPushButton>("openAnother").isVisible());
-    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    press("Escape");
+    QVERIFY(part<QWidget>("welcome").isVisible());
+    const QString library = m_folder->filePath(u("library.so"));
+    replace(QStringLiteral(BUILD_1), library);
+    m_bench->openPlugin(library);
     QVERIFY(m_bench->isPluginLoaded() && part<PageView>("page").isVisible());
+    // What was open before is still at work, whether another one fails or its own new build.
+    const QString name = m_bench->placeWidget(u("sign"), {}, {200, 200});
+    part<PageView>("page").setFocus();
+    const QImage before = picture();
+    const QString broken = m_folder->filePath(u("broken.so"));
+    replace(QStringLiteral(NO_PLUGIN), broken);
+    const auto failAndLeave = [&](const char *back, const std::function<void()> &leave) {
+        auto &button = part<QPushButton>("back");
+        QTRY_VERIFY_WITH_TIMEOUT(button.isVisible(), 10000);
+        QVERIFY(button.hasFocus() && !action("place-all").isEnabled());
+        QCOMPARE(button.text(), u(back));
+        leave();
+        QVERIFY(part<PageView>("page").isVisible() && part<PageView>("page").hasFocus());
+        QCOMPARE(picture(), before);
+        QVERIFY(m_bench->setFieldValue(name, u("level"), 5.5));
+        action("undo").trigger();
+    };
+    m_bench->openPlugin(broken);
+    failAndLeave("Back to Rebuilt", [this] { press("Return"); });
+    replace(broken, library);
+    failAndLeave("Back to Rebuilt as it was before", [this] { press("Escape"); });
+    takeLog();
 }
 
-static void replace(const QString &with, const QString &path)
+// As a file manager hands them over, which must not come to mean that the file is moved.
+void tst_TestBenchWindow::drops()
 {
-    QFile::remove(path);
-    QVERIFY(QFile::copy(with, path));
+    const auto &row = currentRow(dropRows);
+    QVERIFY(m_bench->saveScene(m_folder->filePath(u("page.JSON"))));
+    replace(QStringLiteral(BUILD_1), m_folder->filePath(u("library.so")));
+    for (const char *file : {"picture.png", "notes & more.txt", "faulty.json"})
+        QVERIFY(QFile::copy(QStringLiteral(":/zpplugin-bench/icons/open.svg"),
+                            m_folder->filePath(u(file))));
+    QList<QUrl> urls{QUrl::fromLocalFile(m_folder->filePath(u(row.file)))};
+    if (*row.file == '*')
+        urls += urls;
+    QMimeData data;
+    data.setUrls(urls);
+    const QPoint place(600, 300);
+    QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(m_bench.get(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(m_bench.get(), &drop);
+    QVERIFY(drop.isAccepted());
+    QCOMPARE(drop.dropAction(), Qt::CopyAction);
+    const auto &bar = part<QWidget>("messageBar");
+    QCOMPARE(bar.isVisible(), *row.told != '\0');
+    QVERIFY2(bar.accessibleDescription().contains(u(row.told)),
+             qPrintable(bar.accessibleDescription()));
+    QCOMPARE(m_bench->isPluginLoaded(), u(row.name) == u("library"));
+    QVERIFY(!part<QPushButton>("back").isVisible());
 }
 
 // Built anew by the author, with one field less: the bench sees it by itself.
