@@ -65,9 +65,13 @@ static const struct
     const char *name;
     const char *fault;
     const char *told;
+    int others; // on the page
 } faultRows[] = {
-    {"throws in paint", "paint", "\"culprit\" has thrown in paint(): no colours left"},
-    {"deletes its item", "delete", "\"culprit\" has deleted its own graphics object"},
+    {"throws in paint", "paint", "\"culprit\" has thrown in paint(): no colours left", 0},
+    {"throws among many", "paint", "\"culprit\" has thrown in paint(): no colours left", 120},
+    {"deletes its item", "delete", "\"culprit\" has deleted its own graphics object", 0},
+    {"deletes its item among many", "delete", "\"culprit\" has deleted its own graphics object",
+     120},
 };
 
 void tst_Misbehaving::whatHappenedIsTold_data()
@@ -79,6 +83,9 @@ void tst_Misbehaving::whatHappenedIsTold_data()
 void tst_Misbehaving::whatHappenedIsTold()
 {
     const auto &row = currentRow(faultRows);
+    for (int i = 0; i < row.others; ++i)
+        m_bench->placeWidget(u("culprit"), {}, {500, 300});
+    QTest::qWait(50);
     QSignalSpy notices(m_bench.get(), &WidgetLibraryPluginTestWidget::notice);
     setFault(u(row.fault));
     QTRY_COMPARE(notices.size(), 1);

@@ -93,10 +93,10 @@ void GestureMonitor::watch(QGraphicsItem *item, const QString &name)
     item->installSceneEventFilter(this);
 }
 
-// The item may have been deleted by its own code; only its address counts.
 void GestureMonitor::forget(QGraphicsItem *item)
 {
-    m_names.remove(item);
+    if (m_names.remove(item))
+        item->removeSceneEventFilter(this);
 }
 
 bool GestureMonitor::sceneEventFilter(QGraphicsItem *watched, QEvent *event)

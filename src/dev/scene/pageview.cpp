@@ -1,6 +1,7 @@
 #include "scene/pageview.h"
 
 #include "scene/pagedrag.h"
+#include "scene/pagepictures.h"
 #include "scene/thrownby.h"
 #include "touch/touchsimulator.h"
 
@@ -39,6 +40,7 @@ PageView::PageView(SceneDocument &document, QWidget *parent)
     : QGraphicsView(&document.graphicsScene(), parent)
     , m_document(document)
     , m_touchSimulator(std::make_unique<TouchSimulator>(*viewport()))
+    , m_pictures(std::make_unique<PagePictures>(document, *this))
     , m_overlay(document, *this)
 {
     setAccessibleName(tr("Page"));
@@ -203,7 +205,9 @@ bool PageView::event(QEvent *event)
 // for one: it leaves its painter at work.
 void PageView::paintEvent(QPaintEvent *event)
 {
+    m_pictures->startFrame(event->region());
     const QString thrown = thrownBy([&] { QGraphicsView::paintEvent(event); });
+    m_pictures->endFrame();
     if (thrown.isEmpty())
         return;
     if (QBackingStore *store = viewport()->backingStore())

@@ -10,6 +10,7 @@
 namespace NARV::DEV {
 
 class PageDrag;
+class PagePictures;
 class TouchSimulator;
 
 //! Shows the page and, in editor mode, is where a person places and moves the widgets. In runtime
@@ -76,6 +77,7 @@ private:
 
     SceneDocument &m_document;
     std::unique_ptr<TouchSimulator> m_touchSimulator;
+    std::unique_ptr<PagePictures> m_pictures;
     std::unique_ptr<PageDrag> m_drag;
     PageOverlay m_overlay;
     QPoint m_panStart;

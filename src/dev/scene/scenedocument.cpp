@@ -35,8 +35,10 @@ SceneDocument::SceneDocument(PluginSession &session, TestData &data, EventLog &e
     m_scene->addItem(m_gestureMonitor.get());
     m_tagTimer.setSingleShot(true);
     connect(&m_tagTimer, &QTimer::timeout, this, &SceneDocument::deliverPending);
-    connect(&session, &PluginSession::aboutToUnload, this, &SceneDocument::forgetLibrary);
+    connect(&session, &PluginSession::aboutToUnload, this, &SceneDocument::unmakeWidgets);
     connect(&session, &PluginSession::loaded, this, &SceneDocument::makeWidgets);
+    connect(&session, &PluginSession::failed, this, &SceneDocument::makePlaceholders);
+    connect(&session, &PluginSession::closed, this, &SceneDocument::makePlaceholders);
     connect(&data, &TestData::tagChanged, this, &SceneDocument::queueTag);
     connect(&data.tags(), &TagTable::renamed, this, &SceneDocument::followRenamedTag);
     connect(&data, &TestData::alarmChanged, this, &SceneDocument::deliverAlarm);
@@ -369,6 +371,7 @@ void SceneDocument::setOrder(const QStringList &names, const QString &text)
 void SceneDocument::reset(const Page &page, const QList<WidgetState> &states)
 {
     select({});
+    unmakeWidgets();
     while (!m_widgets.isEmpty())
         take(m_widgets.last()->name());
     m_undoStack.clear();
@@ -424,23 +427,28 @@ void SceneDocument::makeWidget(PlacedWidget &widget)
     m_bindingsAreIndexed = false;
 }
 
+// Before the first of the new ones comes: the scene sorts its items when one comes after another
+// has gone.
+void SceneDocument::unmakeWidgets()
+{
+    for (PlacedWidget *widget : qAsConst(m_widgets))
+        m_gestureMonitor->forget(widget->item());
+    for (PlacedWidget *widget : qAsConst(m_widgets))
+        widget->unmake();
+}
+
 void SceneDocument::makeWidgets()
 {
+    unmakeWidgets();
     for (PlacedWidget *widget : qAsConst(m_widgets))
         makeWidget(*widget);
     Q_EMIT geometryChanged();
 }
 
-// Without library, each widget becomes a placeholder.
-void SceneDocument::forgetLibrary()
+void SceneDocument::makePlaceholders()
 {
-    WidgetHost none = host();
-    none.library = nullptr;
-    none.plugin = nullptr;
-    for (PlacedWidget *widget : qAsConst(m_widgets)) {
-        m_gestureMonitor->forget(widget->item());
-        widget->make(none);
-    }
+    for (PlacedWidget *widget : qAsConst(m_widgets))
+        widget->make(host());
 }
 
 void SceneDocument::setMode(Mode mode)

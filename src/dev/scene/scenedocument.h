@@ -153,8 +153,9 @@ private:
 
     WidgetHost host() const;
     void makeWidget(PlacedWidget &widget);
+    void unmakeWidgets();
     void makeWidgets();
-    void forgetLibrary();
+    void makePlaceholders();
     void connectWidget(PlacedWidget &widget);
     void indexBindings();
     void takeEdit(std::unique_ptr<QUndoCommand> edit);

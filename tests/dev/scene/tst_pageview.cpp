@@ -4,16 +4,20 @@
 #include "data/testdata.h"
 #include "scene/handlegeometry.h"
 #include "scene/pageview.h"
+#include "scene/paintturns.h"
 #include "session/pluginsession.h"
 #include "touch/touchsimulator.h"
 
 #include <NARV/GraphicsObject>
 #include <NARV/INTERNAL/Init>
 
+#include <QBackingStore>
 #include <QDropEvent>
 #include <QIcon>
 #include <QMimeData>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 
 using namespace NARV::DEV;
@@ -34,6 +38,8 @@ private Q_SLOTS:
     void keyboard();
     void dropping();
     void zooming();
+    void turnsToPaint();
+    void manyWidgets();
     void inputOfTheRuntime();
 
 private:
@@ -233,6 +239,89 @@ void tst_PageView::zooming()
     QTRY_VERIFY(view.zoom() < fitting);
     view.setZoom(1000);
     QCOMPARE(view.zoom(), 16.0);
+}
+
+// Who has waited comes first, even if those below want to paint again and again.
+void tst_PageView::turnsToPaint()
+{
+    static constexpr int widgets = 5;
+    PaintTurns turns;
+    QStringList painted;
+    QVector<QRect> waiting;
+    for (int frame = 0; frame < 4; ++frame) {
+        turns.startFrame(QRect(0, 0, 100, 100), {100, 100});
+        for (int i = 0; i < widgets; ++i) {
+            if (!turns.isDue(i, QRect(i, 0, 1, 1)))
+                continue;
+            painted += QString::number(i);
+            turns.spend(10'000'000);
+        }
+        waiting += turns.endFrame();
+    }
+    QCOMPARE(painted.join(QString()), u("0123401"));
+    QCOMPARE(waiting, (QVector<QRect>{{2, 0, 3, 1}, {0, 0, 5, 1}, {0, 0, 4, 1}, {2, 0, 3, 1}}));
+    turns.startFrame(QRect(0, 0, 4000, 4000), {4000, 4000});
+    QVERIFY(!turns.exchange({}, {4001, 4000}));
+    QVERIFY(!turns.isShortOfMemory());
+    QVERIFY(turns.exchange({}, {4000, 4000}) && turns.exchange({}, {4000, 4000}));
+    QVERIFY(!turns.exchange({}, {4000, 4000}));
+    QVERIFY(turns.isShortOfMemory());
+    QVERIFY(turns.exchange({4000, 4000}, {4000, 3999}));
+}
+
+//! No channel of any pixel differs by more than what the smoothing of edges does.
+static bool isAlike(const QImage &a, const QImage &b)
+{
+    static constexpr int smoothing = 32;
+    const QImage one = a.convertToFormat(QImage::Format_RGB32);
+    const QImage other = b.convertToFormat(QImage::Format_RGB32);
+    return std::equal(one.constBits(), one.constBits() + one.sizeInBytes(), other.constBits(),
+                      other.constBits() + other.sizeInBytes(),
+                      [](int x, int y) { return qAbs(x - y) <= smoothing; });
+}
+
+// The screen comes to show what a picture of the window, which waits for all widgets, has at once.
+void tst_PageView::manyWidgets()
+{
+    PageView &view = m_bench->view;
+    SceneDocument &document = m_bench->document;
+    QList<WidgetState> states;
+    for (int i = 0; i < 120; ++i) {
+        WidgetState state;
+        state.widgetId = u("gauge");
+        state.version = u("1.0.0");
+        state.position = {i % 12 * 70.0, i / 12 * 70.0};
+        state.size = {70, 70};
+        states += state;
+    }
+    view.resize(600, 400);
+    document.add(states, {}, u("Add"));
+    document.select({});
+    PlacedWidget &widget = *document.widgets()[50];
+    const auto screen = [&view] {
+        const QRect area(view.viewport()->mapTo(view.window(), QPoint()), view.viewport()->size());
+        return static_cast<QImage *>(view.backingStore()->paintDevice())->copy(area);
+    };
+    const std::function<void()> changes[] = {
+        [] {},
+        [&] { view.setZoom(0.7); },
+        [&] { document.setFieldValue(widget, u("value"), 80.0); },
+        [&] {
+            document.setGeometry(widget, {100.5, 30.2}, {120, 90}, 0);
+        },
+        [&] { widget.shownItem()->setOpacity(0.5); },
+        [&] { document.setMode(SceneDocument::Mode::Runtime); },
+        [&] { view.setZoom(16); },
+        [&] { m_bench->session.close(); },
+    };
+    QImage before(screen());
+    for (const auto &change : changes) {
+        change();
+        QTest::qWait(100); // a grab before would tell the scene that it has been painted
+        QTRY_VERIFY(isAlike(screen(), view.viewport()->grab().toImage()));
+        QVERIFY(!isAlike(screen(), before));
+        before = screen();
+    }
 }
 
 // Clicks select nothing, and the simulated fingers reach the widget as gestures.
