@@ -1,14 +1,13 @@
 #include "drawing.h"
 
-#include <QCache>
+#include "textline.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QStaticText>
 
 #include <cmath>
 
 static constexpr qreal smallestPointSize = 4;
-static constexpr qreal endless = 1e6;        // more room than any line needs, in pixels
 static constexpr double leastContrast = 4.5; // what small type needs, of 1 to 21
 
 void drawPlate(QPainter &painter, const QRectF &area, const PlateStyle &style)
@@ -20,75 +19,23 @@ void drawPlate(QPainter &painter, const QRectF &area, const PlateStyle &style)
     painter.drawRoundedRect(plate, style.radius, style.radius);
 }
 
-namespace {
-
-//! What decides how a line of text is laid out.
-struct LineKey
-{
-    QString text;
-    QFont font;
-    qreal room;
-};
-
-bool operator==(const LineKey &one, const LineKey &other)
-{
-    return one.room == other.room && one.text == other.text && one.font == other.font;
-}
-
-uint qHash(const LineKey &key, uint seed)
-{
-    return qHash(key.text, seed);
-}
-
-//! A text in one line, cut off with dots if it needs more room.
-struct Line
-{
-    explicit Line(const LineKey &key)
-        : font(key.font)
-    {
-        const QString line = QString(key.text).replace(QLatin1Char('\n'), QLatin1Char(' '));
-        text.setText(QFontMetricsF(font).elidedText(line, Qt::ElideRight, key.room));
-        text.setTextFormat(Qt::PlainText);
-        text.prepare({}, font);
-    }
-
-    QFont font;
-    QStaticText text;
-};
-
-} // namespace
-
-//! The line to a key. To lay it out takes much longer than to draw it, so the lines are kept.
-static Line laidOut(const QString &text, const QFont &font, qreal room = endless)
-{
-    static constexpr int mostLines = 2000;
-    static QCache<LineKey, Line> lines(mostLines);
-    const LineKey key{text, font, room};
-    Line *line = lines.object(key);
-    if (!line) {
-        line = new Line(key);
-        lines.insert(key, line);
-    }
-    return *line;
-}
-
 //! The line, in type as small as it takes to fit into size.
-static Line fitted(const QFont &font, const QString &text, const QSizeF &size)
+static TextLine fitted(const QFont &font, const QString &text, const QSizeF &size)
 {
-    const Line line = laidOut(text, font);
-    const QSizeF needed = line.text.size();
+    const TextLine line = TextLine::of(text, font);
+    const QSizeF needed = line.size();
     const qreal factor = qMin(size.width() / needed.width(), size.height() / needed.height());
     if (!(factor < 1) || font.pointSizeF() <= 0)
         return line;
     QFont smaller(font);
     smaller.setPointSizeF(qMax(smallestPointSize, font.pointSizeF() * factor));
-    return laidOut(text, smaller);
+    return TextLine::of(text, smaller);
 }
 
-static void drawLine(QPainter &painter, const QRectF &area, int alignment, const Line &line,
+static void drawLine(QPainter &painter, const QRectF &area, int alignment, const TextLine &line,
                      const QColor &color)
 {
-    QRectF place({}, line.text.size());
+    QRectF place({}, line.size());
     place.moveCenter(area.center());
     if (alignment & Qt::AlignLeft)
         place.moveLeft(area.left());
@@ -97,9 +44,7 @@ static void drawLine(QPainter &painter, const QRectF &area, int alignment, const
     painter.save();
     if (!area.contains(place))
         painter.setClipRect(area, Qt::IntersectClip);
-    painter.setFont(line.font);
-    painter.setPen(color);
-    painter.drawStaticText(place.topLeft(), line.text);
+    line.draw(painter, place.topLeft(), color);
     painter.restore();
 }
 
@@ -124,7 +69,7 @@ void drawWrappedText(QPainter &painter, const QRectF &area, const QString &text,
 void drawElidedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
                     const QColor &color)
 {
-    drawLine(painter, area, Qt::AlignLeft, laidOut(text, font, area.width()), color);
+    drawLine(painter, area, Qt::AlignLeft, TextLine::of(text, font, area.width()), color);
 }
 
 static double linear(qreal channel)
@@ -174,7 +119,7 @@ qreal lineHeight(const QFont &font)
 
 qreal textWidth(const QFont &font, const QString &text)
 {
-    return laidOut(text, font).text.size().width();
+    return TextLine::of(text, font).size().width();
 }
 
 int labelInterval(int ticks, qreal length, qreal label)

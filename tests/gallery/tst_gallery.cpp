@@ -71,6 +71,7 @@ private Q_SLOTS:
     void everyFieldShows_data();
     void everyFieldShows();
     void hasNoStrayRows();
+    void titleIsOnePlainLine();
     void alarmListFollowsAlarms();
     void watchdogExpires();
     void watchdogRestsInEditor();
@@ -263,6 +264,16 @@ void tst_Gallery::hasNoStrayRows()
         QVERIFY2(m_host->library().widgetsLatestVersion()[ids[0]].fields().contains(ids[1]),
                  row.name);
     }
+}
+
+void tst_Gallery::titleIsOnePlainLine()
+{
+    const auto drawn = [this](const char *title) {
+        m_host->place(latest(u("gauge")), {{u("title"), u(title)}});
+        return m_host->grab();
+    };
+    QCOMPARE(drawn("a\nb"), drawn("a b"));
+    QVERIFY(drawn("<i></i>a") != drawn("a"));
 }
 
 void tst_Gallery::alarmListFollowsAlarms()
