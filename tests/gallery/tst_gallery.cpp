@@ -72,6 +72,7 @@ private Q_SLOTS:
     void everyFieldShows();
     void hasNoStrayRows();
     void titleIsOnePlainLine();
+    void hintFollowsTag();
     void alarmListFollowsAlarms();
     void watchdogExpires();
     void watchdogRestsInEditor();
@@ -274,6 +275,22 @@ void tst_Gallery::titleIsOnePlainLine()
     };
     QCOMPARE(drawn("a\nb"), drawn("a b"));
     QVERIFY(drawn("<i></i>a") != drawn("a"));
+}
+
+void tst_Gallery::hintFollowsTag()
+{
+    m_host->tags = {{u("tag"), 1}};
+    NARV::WidgetPrivate *input =
+        m_host->place(latest(u("numericInput")), {{u("actualValueTag"), u("tag")}});
+    const QImage before = m_host->grab();
+    QCoreApplication::processEvents();
+    QSignalSpy changes(m_host->scene(), &QGraphicsScene::changed);
+    QTest::qWait(700);
+    QCOMPARE(changes.size(), 0);
+    m_host->tags = {{u("tag"), 2}};
+    QTRY_VERIFY(!changes.isEmpty());
+    QVERIFY(m_host->grab() != before);
+    input->deinit();
 }
 
 void tst_Gallery::alarmListFollowsAlarms()
