@@ -447,6 +447,8 @@ void SceneDocument::makeWidgets()
 
 void SceneDocument::makePlaceholders()
 {
+    if (m_session.isLoaded()) // what was open before goes on
+        return;
     for (PlacedWidget *widget : qAsConst(m_widgets))
         widget->make(host());
 }

@@ -190,6 +190,9 @@ void tst_SceneDocument::modeAndReloadKeepValues()
     takeLog();
     QVERIFY(widget.item());
     QCOMPARE(widget.fieldValue(u("value")), QVariant(42.0));
+    before = widget.item();
+    QVERIFY(!m_bench->session.open(u("missing.so")));
+    QVERIFY(before && widget.item() == before); // it knows nothing of that
     m_bench->session.close();
     QVERIFY(!widget.item() && widget.shownItem());
     QCOMPARE(widget.state().values.value(u("value")), QVariant(42.0));
