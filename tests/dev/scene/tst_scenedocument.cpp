@@ -107,6 +107,8 @@ void tst_SceneDocument::fieldWritesMerge()
     QVERIFY(widget.isFieldChanged(u("value")));
     document.setFieldValue(widget, u("value"), 12.0);
     document.setFieldValue(widget, u("maximum"), 50.0);
+    document.resetFields({&widget}, {u("minimum")});
+    document.bind(widget, u("minimum"), {});
     QCOMPARE(document.undoStack().count(), steps + 2);
     document.resetFields({&widget}, {u("value"), u("maximum")});
     QCOMPARE(widget.fieldValue(u("value")), start);
