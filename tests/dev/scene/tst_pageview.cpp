@@ -117,6 +117,13 @@ void tst_PageView::selectingAndMoving()
     QVERIFY(document.selection().isEmpty());
     document.undoStack().setIndex(steps);
     QCOMPARE(first.state().position, from);
+    // To give up a drag that was undone undoes nothing more.
+    QTest::mousePress(m_bench->view.viewport(), Qt::LeftButton, {}, at({200, 200}));
+    QMouseEvent move(QEvent::MouseMove, at({250, 200}), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(m_bench->view.viewport(), &move);
+    document.undoStack().undo();
+    QTest::keyClick(&m_bench->view, Qt::Key_Escape);
+    QCOMPARE(document.undoStack().index(), steps);
 }
 
 void tst_PageView::resizingAndRotating()
@@ -179,6 +186,19 @@ void tst_PageView::rubberBand()
     m_bench->document.select({});
     drag(at({5, 5}), at({250, 650}));
     QCOMPARE(m_bench->document.selection(), QList<PlacedWidget *>({&first, &third}));
+    // A widget goes while the band is drawn.
+    for (const auto extending : {Qt::NoModifier, Qt::ControlModifier}) {
+        QWidget *target = m_bench->view.viewport();
+        QTest::mousePress(target, Qt::LeftButton, extending, at({400, 5}));
+        m_bench->document.undoStack().undo();
+        QMouseEvent move(QEvent::MouseMove, at({300, 50}), Qt::NoButton, Qt::LeftButton, extending);
+        QCoreApplication::sendEvent(target, &move);
+        QTest::keyClick(&m_bench->view, Qt::Key_Escape);
+        QCOMPARE(m_bench->document.selection(), QList<PlacedWidget *>({&first}));
+        QTest::mouseRelease(target, Qt::LeftButton, {}, at({300, 50}));
+        m_bench->document.undoStack().redo();
+        m_bench->document.select({&first, m_bench->document.widgets().last()});
+    }
 }
 
 void tst_PageView::keyboard()
