@@ -13,6 +13,7 @@
 #include "window/actiontable.h"
 #include "window/menutext.h"
 #include "window/messagebar.h"
+#include "window/undokeys.h"
 #include "window/welcomepage.h"
 #include "window/widgetlibraryplugintestwidget.h"
 
@@ -61,6 +62,7 @@ Private::WidgetLibraryPluginTestWidgetPrivate(WidgetLibraryPluginTestWidget *q)
     data.loadDefaults();
     document.setUnmodified();
     buildFrame();
+    new UndoKeys(q);
     connectParts();
     showTitle();
     updateActions();

@@ -24,6 +24,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTabBar>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void cleanup();
     void firstMinute();
     void keysBelongToWhatHasTheFocus();
+    void undoReachesThePageFromABox();
     void tabLeadsThroughTheWindow();
     void failedLoad();
     void drops_data() { addRows(dropRows); }
@@ -258,6 +260,33 @@ void tst_TestBenchWindow::keysBelongToWhatHasTheFocus()
     QCOMPARE(m_bench->widgetNames().size(), 2);
     press("Del");
     QCOMPARE(m_bench->widgetNames().size(), 1);
+}
+
+// What is being typed is taken back in the box, what was taken over on the page.
+void tst_TestBenchWindow::undoReachesThePageFromABox()
+{
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    auto &period = part<QSpinBox>("generator.period");
+    period.setFocus();
+    const int before = period.value();
+    press("Up");
+    QVERIFY(period.value() > before);
+    press("Ctrl+Z");
+    QCOMPARE(period.value(), before);
+    press("Ctrl+Shift+Z");
+    QVERIFY(period.value() > before);
+    period.selectAll();
+    typeInto(u("777"));
+    QTest::qWait(1);
+    QTest::keyClicks(&period, u("12"));
+    press("Ctrl+Z");
+    QCOMPARE(period.value(), 777);
+    press("Return");
+    QTest::qWait(1);
+    press("Ctrl+Z");
+    QVERIFY(period.value() != 777);
+    press("Ctrl+Z");
+    QCOMPARE(period.value(), before);
 }
 
 // With the property panel empty and full.
@@ -460,6 +489,11 @@ void tst_TestBenchWindow::everythingHasANameAndAnIcon()
             QVERIFY2(keys.isEmpty() || !shortcuts.contains(keys), qPrintable(keys));
             shortcuts.insert(keys);
         }
+    }
+    for (const char *table : {"tagsTable", "trendsTable", "alarmsTable"}) {
+        for (const QAction *entry : part<QTableView>(table).actions())
+            QVERIFY2(!entry->icon().isNull() && (entry->menu() || !entry->shortcut().isEmpty()),
+                     qPrintable(entry->text()));
     }
     for (QWidget *widget : m_bench->findChildren<QWidget *>()) {
         // A label's text is its name; the rest is inside the toolkit's controls.
