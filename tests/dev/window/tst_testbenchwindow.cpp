@@ -260,6 +260,17 @@ void tst_TestBenchWindow::keysBelongToWhatHasTheFocus()
     QCOMPARE(m_bench->widgetNames().size(), 2);
     press("Del");
     QCOMPARE(m_bench->widgetNames().size(), 1);
+
+    auto &dock = part<QDockWidget>("tag"); // a window of its own has the keys of the bench
+    dock.setFloating(true);
+    dock.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dock));
+    tags.setFocus();
+    press("F5");
+    QVERIFY(m_bench->isRuntimeMode());
+    press("Alt+1");
+    QTRY_COMPARE(QApplication::activeWindow(), m_bench.get());
+    QVERIFY(part<QWidget>("palettePanel").isAncestorOf(QApplication::focusWidget()));
 }
 
 // What is being typed is taken back in the box, what was taken over on the page.
