@@ -130,7 +130,7 @@ QWidget *PropertyPanel::makeTools()
 QWidget *PropertyPanel::makeEmptyState()
 {
     auto *label = new QLabel(tr("Select a widget on the page to see and change its fields.\n\n"
-                                "To place one, double-click it in the palette."),
+                                "To place one, double-click it in the panel “Widgets”."),
                              this);
     label->setObjectName(QStringLiteral("propertyEmptyState"));
     label->setWordWrap(true);

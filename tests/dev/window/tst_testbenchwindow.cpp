@@ -160,6 +160,7 @@ void tst_TestBenchWindow::selectProperty(const char *field)
     QTest::keyClicks(&search, u(field));
     press("Down");
     QCOMPARE(QApplication::focusWidget(), &tree);
+    QVERIFY(tree.selectionModel()->isSelected(tree.currentIndex()));
     for (int i = 0; i < 20 && tree.currentIndex().data(PropertyModel::IdRole) != u(field); ++i)
         press("Down");
     QCOMPARE(tree.currentIndex().data(PropertyModel::IdRole).toString(), u(field));
