@@ -42,6 +42,8 @@ namespace NARV::DEV {
 
 using Private = WidgetLibraryPluginTestWidgetPrivate;
 
+static constexpr int loadedTime = 5000;
+
 static QString tr(const char *text)
 {
     return WidgetLibraryPluginTestWidget::tr(text);
@@ -84,6 +86,9 @@ void Private::connectParts()
         if (recent)
             recent->add(session.path(), libraryName());
         showOutcome();
+        const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
+        frame->statusBar()->showMessage(
+            tr("%1 was loaded at %2").arg(withoutShortcut(libraryName()), time), loadedTime);
         Q_EMIT q_ptr->pluginLoaded();
     });
     connect(&session, &PluginSession::failed, this, &Private::showFailure);

@@ -25,6 +25,7 @@
 #include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -406,6 +407,7 @@ void tst_TestBenchWindow::reloadKeepsThePage()
     QSignalSpy notices(m_bench.get(), &Bench::notice);
     replace(QStringLiteral(BUILD_2), library);
     QTRY_COMPARE_WITH_TIMEOUT(loaded.count(), 1, 10000);
+    QVERIFY(part<QStatusBar>("").currentMessage().contains(u("was loaded at")));
     QCOMPARE(page.zoom(), 1.5);
     QCOMPARE(m_bench->widgetGeometry(name), QRectF(20, 30, 40, 50));
     QTRY_COMPARE(m_bench->fieldValue(name, u("level")), QVariant(7.0));
