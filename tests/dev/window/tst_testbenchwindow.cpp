@@ -302,7 +302,7 @@ void tst_TestBenchWindow::undoReachesThePageFromABox()
     QCOMPARE(period.value(), before);
 }
 
-// With the property panel empty and full.
+// With the property panel empty and full; not behind the tabs of the panels.
 void tst_TestBenchWindow::tabLeadsThroughTheWindow()
 {
     m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
@@ -314,6 +314,8 @@ void tst_TestBenchWindow::tabLeadsThroughTheWindow()
         for (int i = 0; i < 200 && !(meetsTags && words.hasFocus()); ++i) {
             press("Tab");
             meetsTags |= tags.hasFocus();
+            QVERIFY2(!QApplication::focusWidget()->visibleRegion().isEmpty(),
+                     qPrintable(QApplication::focusWidget()->objectName()));
         }
         QVERIFY(meetsTags && words.hasFocus());
         m_bench->placeWidget(u("lamp"), {}, {100, 100});
