@@ -499,6 +499,7 @@ void Private::chooseBackground()
 {
     auto *dialog = new QColorDialog(document.page().background, q_ptr);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Background colour"));
     dialog->setOption(QColorDialog::ShowAlphaChannel);
     connect(dialog, &QColorDialog::colorSelected, this, [this](const QColor &color) {
         Page page = document.page();
