@@ -1,5 +1,7 @@
 #include "drawing.h"
 
+#include "textline.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -17,31 +19,40 @@ void drawPlate(QPainter &painter, const QRectF &area, const PlateStyle &style)
     painter.drawRoundedRect(plate, style.radius, style.radius);
 }
 
-//! The font, made as small as it takes for the text to fit into size.
-static QFont fitted(const QFont &font, const QString &text, const QSizeF &size)
+//! The line, in type as small as it takes to fit into size.
+static TextLine fitted(const QFont &font, const QString &text, const QSizeF &size)
 {
-    const QSizeF needed = QFontMetricsF(font).size(Qt::TextSingleLine, text);
+    const TextLine line = TextLine::of(text, font);
+    const QSizeF needed = line.size();
     const qreal factor = qMin(size.width() / needed.width(), size.height() / needed.height());
     if (!(factor < 1) || font.pointSizeF() <= 0)
-        return font;
+        return line;
     QFont smaller(font);
     smaller.setPointSizeF(qMax(smallestPointSize, font.pointSizeF() * factor));
-    return smaller;
+    return TextLine::of(text, smaller);
 }
 
-static void drawLine(QPainter &painter, const QRectF &area, int alignment, const QString &text,
-                     const QFont &font, const QColor &color)
+static void drawLine(QPainter &painter, const QRectF &area, int alignment, const TextLine &line,
+                     const QColor &color)
 {
-    painter.setFont(font);
-    painter.setPen(color);
-    painter.drawText(area, alignment | Qt::TextSingleLine, text);
+    QRectF place({}, line.size());
+    place.moveCenter(area.center());
+    if (alignment & Qt::AlignLeft)
+        place.moveLeft(area.left());
+    else if (alignment & Qt::AlignRight)
+        place.moveRight(area.right());
+    painter.save();
+    if (!area.contains(place))
+        painter.setClipRect(area, Qt::IntersectClip);
+    line.draw(painter, place.topLeft(), color);
+    painter.restore();
 }
 
 void drawFittedText(QPainter &painter, const QRectF &area, int alignment, const QString &text,
                     const QFont &font, const QColor &color)
 {
     if (!text.isEmpty())
-        drawLine(painter, area, alignment, text, fitted(font, text, area.size()), color);
+        drawLine(painter, area, alignment, fitted(font, text, area.size()), color);
 }
 
 void drawWrappedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
@@ -58,8 +69,7 @@ void drawWrappedText(QPainter &painter, const QRectF &area, const QString &text,
 void drawElidedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
                     const QColor &color)
 {
-    const QString shown = QFontMetricsF(font).elidedText(text, Qt::ElideRight, area.width());
-    drawLine(painter, area, Qt::AlignLeft | Qt::AlignVCenter, shown, font, color);
+    drawLine(painter, area, Qt::AlignLeft, TextLine::of(text, font, area.width()), color);
 }
 
 static double linear(qreal channel)
@@ -109,7 +119,7 @@ qreal lineHeight(const QFont &font)
 
 qreal textWidth(const QFont &font, const QString &text)
 {
-    return QFontMetricsF(font).horizontalAdvance(text);
+    return TextLine::of(text, font).size().width();
 }
 
 int labelInterval(int ticks, qreal length, qreal label)

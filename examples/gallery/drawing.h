@@ -19,13 +19,14 @@ struct PlateStyle
 //! Fills a rectangle and draws its frame inside it.
 void drawPlate(QPainter &painter, const QRectF &area, const PlateStyle &style);
 
-//! Draws one line of text in area, in smaller type if it would not fit.
+//! Draws one line of text at half the height of area, in smaller type if it would not fit. The
+//! alignment is left, right or else centred.
 void drawFittedText(QPainter &painter, const QRectF &area, int alignment, const QString &text,
                     const QFont &font, const QColor &color);
 //! Draws a text in the middle of area, in several lines if there is room for them, else fitted.
 void drawWrappedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
                      const QColor &color);
-//! Draws one line of text in area, cut off with dots if it would not fit.
+//! Draws one line of text at the left of area, cut off with dots if it would not fit.
 void drawElidedText(QPainter &painter, const QRectF &area, const QString &text, const QFont &font,
                     const QColor &color);
 

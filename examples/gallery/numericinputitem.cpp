@@ -289,7 +289,8 @@ int NumericInputItem::beatPeriod()
 void NumericInputItem::beat()
 {
     ControlItem::beat();
-    update();
+    if (hint() != m_hint)
+        update();
 }
 
 ControlColors NumericInputItem::colors()
@@ -340,12 +341,12 @@ void NumericInputItem::drawValue(QPainter &painter, const QRectF &area)
               {color("backgroundColor"), color(isActive ? "focusColor" : "frameColor"),
                isActive ? 2.0 : 1.0, 0});
     QRectF rest = area.adjusted(padding, 2, -padding, -2);
-    const QString below = hint();
-    if (!below.isEmpty()) {
+    m_hint = hint();
+    if (!m_hint.isEmpty()) {
         QFont small = fontOf("prompt");
         small.setPointSizeF(small.pointSizeF() * hintSize);
         drawFittedText(painter, takeBottom(rest, rest.height() * hintShare),
-                       Qt::AlignRight | Qt::AlignVCenter, below, small, color("promptColor"));
+                       Qt::AlignRight | Qt::AlignVCenter, m_hint, small, color("promptColor"));
     }
     const QString shown =
         m_isTyping ? m_entry + QLatin1Char('|')

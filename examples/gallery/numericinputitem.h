@@ -66,6 +66,7 @@ private:
 
     bool m_isTyping = false;
     QString m_entry;
+    QString m_hint; //!< as it was drawn
     bool m_canUndo = false;
     QBasicTimer m_repeat;
     int m_repeatDirection = 0;

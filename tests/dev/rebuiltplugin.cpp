@@ -2,6 +2,9 @@
 #include <NARV/Widget>
 #include <NARV/WidgetLibraryPlugin>
 
+//! Of what is not hidden Linux has one for all builds that are loaded.
+Q_DECL_EXPORT inline const QStringList shared{QString::number(BUILD)};
+
 class Sign : public NARV::Widget
 {
     Q_OBJECT
@@ -38,6 +41,7 @@ public:
     RebuiltPlugin()
     {
         setObjectName(QString::number(BUILD));
+        setProperty("shared", shared);
         NARV::registerWidget<Sign, SignItem>(this, QStringLiteral("sign"), QStringLiteral("1.0.0"));
     }
 };

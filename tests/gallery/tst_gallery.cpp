@@ -71,6 +71,8 @@ private Q_SLOTS:
     void everyFieldShows_data();
     void everyFieldShows();
     void hasNoStrayRows();
+    void titleIsOnePlainLine();
+    void hintFollowsTag();
     void alarmListFollowsAlarms();
     void watchdogExpires();
     void watchdogRestsInEditor();
@@ -263,6 +265,32 @@ void tst_Gallery::hasNoStrayRows()
         QVERIFY2(m_host->library().widgetsLatestVersion()[ids[0]].fields().contains(ids[1]),
                  row.name);
     }
+}
+
+void tst_Gallery::titleIsOnePlainLine()
+{
+    const auto drawn = [this](const char *title) {
+        m_host->place(latest(u("gauge")), {{u("title"), u(title)}});
+        return m_host->grab();
+    };
+    QCOMPARE(drawn("a\nb"), drawn("a b"));
+    QVERIFY(drawn("<i></i>a") != drawn("a"));
+}
+
+void tst_Gallery::hintFollowsTag()
+{
+    m_host->tags = {{u("tag"), 1}};
+    NARV::WidgetPrivate *input =
+        m_host->place(latest(u("numericInput")), {{u("actualValueTag"), u("tag")}});
+    const QImage before = m_host->grab();
+    QCoreApplication::processEvents();
+    QSignalSpy changes(m_host->scene(), &QGraphicsScene::changed);
+    QTest::qWait(700);
+    QCOMPARE(changes.size(), 0);
+    m_host->tags = {{u("tag"), 2}};
+    QTRY_VERIFY(!changes.isEmpty());
+    QVERIFY(m_host->grab() != before);
+    input->deinit();
 }
 
 void tst_Gallery::alarmListFollowsAlarms()

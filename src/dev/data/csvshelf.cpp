@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <iterator>
 
 namespace NARV::DEV {
@@ -68,8 +69,12 @@ void CsvShelf::forgetUnused()
             ++it;
             continue;
         }
-        m_watcher.removePath(it.key().first);
+        const QString path = it.key().first;
         it = m_readings.erase(it);
+        // Its texts and its numbers may be held by different ones.
+        if (std::none_of(m_readings.keyBegin(), m_readings.keyEnd(),
+                         [&path](const Key &key) { return key.first == path; }))
+            m_watcher.removePath(path);
     }
 }
 

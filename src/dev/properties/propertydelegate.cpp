@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QPersistentModelIndex>
 
+#include <memory>
+
 namespace NARV::DEV {
 
 static constexpr int rowMargin = 6; // above and below the text of a row, together
@@ -30,12 +32,18 @@ QWidget *PropertyDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
     auto *self = const_cast<PropertyDelegate *>(this); // the base makes editors in const functions
     const QPersistentModelIndex cell(index);
     const QVariant before = index.data(PropertyModel::ValuesRole);
-    connect(editor, &PropertyEditor::edited, self,
-            [self, editor] { Q_EMIT self->commitData(editor); });
+    const auto hasWritten = std::make_shared<bool>(false);
+    connect(editor, &PropertyEditor::edited, self, [self, editor, hasWritten] {
+        *hasWritten = true;
+        Q_EMIT self->commitData(editor);
+    });
     connect(editor, &PropertyEditor::finished, self,
             [self, editor](PropertyEditor::Next next) { self->finish(editor, next); });
-    connect(editor, &PropertyEditor::cancelled, self,
-            [self, editor, cell, before] { self->cancel(editor, cell, before); });
+    connect(editor, &PropertyEditor::cancelled, self, [=] {
+        if (*hasWritten)
+            self->takeBack(cell, before);
+        Q_EMIT self->closeEditor(editor, RevertModelCache);
+    });
     return editor;
 }
 
@@ -51,14 +59,12 @@ void PropertyDelegate::finish(PropertyEditor *editor, PropertyEditor::Next next)
     Q_EMIT closeEditor(editor, hints[int(next)]);
 }
 
-// What an editor has written while it was open is taken back.
-void PropertyDelegate::cancel(PropertyEditor *editor, const QPersistentModelIndex &index,
-                              const QVariant &before)
+// Not what the widget or a tag has written while the editor was open.
+void PropertyDelegate::takeBack(const QPersistentModelIndex &index, const QVariant &before)
 {
     auto *model = const_cast<QAbstractItemModel *>(index.model());
     if (model && index.data(PropertyModel::ValuesRole) != before)
         model->setData(index, before, PropertyModel::ValuesRole);
-    Q_EMIT closeEditor(editor, RevertModelCache);
 }
 
 // What the widget writes meanwhile does not overwrite what a person is typing.

@@ -34,7 +34,7 @@ protected:
 
 private:
     void finish(PropertyEditor *editor, PropertyEditor::Next next);
-    void cancel(PropertyEditor *editor, const QPersistentModelIndex &index, const QVariant &before);
+    void takeBack(const QPersistentModelIndex &index, const QVariant &before);
 
     PropertyEditors m_editors;
 };

@@ -44,12 +44,14 @@ void GeometryDrag::moveTo(const QPointF &position, Qt::KeyboardModifiers modifie
     for (const WidgetState &state : qAsConst(m_states))
         after += dragged(state, by, position, modifiers);
     m_document.setGeometries(after, stepText(), m_key);
+    m_stackIndex = m_document.undoStack().index();
     m_label = labelFor(after.last());
 }
 
 void GeometryDrag::cancel()
 {
-    if (m_hasMoved)
+    // Unless it was undone already, or something else was done since.
+    if (m_hasMoved && m_document.undoStack().index() == m_stackIndex)
         m_document.undoStack().undo();
 }
 
@@ -112,18 +114,31 @@ QString HandleDrag::stepText() const
 
 BandDrag::BandDrag(SceneDocument &document, const QPointF &start, bool extends)
     : m_document(document)
-    , m_selectedBefore(document.selection())
-    , m_kept(extends ? m_selectedBefore : QList<PlacedWidget *>())
+    , m_extends(extends)
     , m_start(start)
 {
-    document.select(m_kept);
+    for (PlacedWidget *widget : document.selection())
+        m_selectedBefore += widget;
+    if (!extends)
+        document.select({});
+}
+
+//! Without those that have been removed since.
+QList<PlacedWidget *> BandDrag::selectedBefore() const
+{
+    QList<PlacedWidget *> widgets;
+    for (const QPointer<PlacedWidget> &widget : m_selectedBefore) {
+        if (widget)
+            widgets += widget;
+    }
+    return widgets;
 }
 
 void BandDrag::moveTo(const QPointF &position, Qt::KeyboardModifiers)
 {
     m_band = QRectF(m_start, position).normalized();
-    QList<PlacedWidget *> selected = m_kept;
-    const QSet<PlacedWidget *> kept(m_kept.begin(), m_kept.end());
+    QList<PlacedWidget *> selected = m_extends ? selectedBefore() : QList<PlacedWidget *>();
+    const QSet<PlacedWidget *> kept(selected.begin(), selected.end());
     for (PlacedWidget *widget : m_document.widgets()) {
         if (!kept.contains(widget) && cornersOf(widget->state()).intersects(QPolygonF(m_band)))
             selected += widget;
@@ -133,7 +148,7 @@ void BandDrag::moveTo(const QPointF &position, Qt::KeyboardModifiers)
 
 void BandDrag::cancel()
 {
-    m_document.select(m_selectedBefore);
+    m_document.select(selectedBefore());
 }
 
 } // namespace NARV::DEV

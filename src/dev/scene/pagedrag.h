@@ -3,6 +3,7 @@
 #include "scene/handlegeometry.h"
 #include "scene/scenedocument.h"
 
+#include <QPointer>
 #include <QRectF>
 
 namespace NARV::DEV {
@@ -54,6 +55,7 @@ private:
     QString m_title;             //!< of the widgets
     QPointF m_start;
     int m_key;
+    int m_stackIndex = 0; //!< after the last move
     bool m_hasMoved = false;
     QString m_label;
 };
@@ -102,9 +104,11 @@ public:
     QRectF band() const override { return m_band; }
 
 private:
+    QList<PlacedWidget *> selectedBefore() const;
+
     SceneDocument &m_document;
-    QList<PlacedWidget *> m_selectedBefore;
-    QList<PlacedWidget *> m_kept;
+    QList<QPointer<PlacedWidget>> m_selectedBefore;
+    bool m_extends;
     QPointF m_start;
     QRectF m_band;
 };

@@ -35,8 +35,11 @@ void PagePictures::startFrame(const QRegion &exposed)
 {
     if (m_document.widgets().size() >= manyWidgets)
         giveToAll();
-    if (isPaintedOnScreen(*m_view.viewport()))
-        m_turns->startFrame(exposed, m_view.viewport()->size());
+    else
+        takeFromAll();
+    QWidget &viewport = *m_view.viewport();
+    if (isPaintedOnScreen(viewport))
+        m_turns->startFrame(exposed, viewport.size() * viewport.devicePixelRatioF());
 }
 
 void PagePictures::endFrame()
@@ -58,13 +61,26 @@ void PagePictures::giveToAll()
     }
 }
 
+static WidgetPicture *pictureOf(const PlacedWidget &widget)
+{
+    const QGraphicsObject *item = widget.shownItem();
+    return item ? qobject_cast<WidgetPicture *>(item->graphicsEffect()) : nullptr;
+}
+
+void PagePictures::takeFromAll()
+{
+    for (const PlacedWidget *widget : m_document.widgets()) {
+        if (pictureOf(*widget))
+            widget->shownItem()->setGraphicsEffect(nullptr);
+    }
+}
+
 void PagePictures::forgetHidden()
 {
     const QRectF shown = m_view.mapToScene(m_view.viewport()->rect()).boundingRect();
     for (const PlacedWidget *widget : m_document.widgets()) {
-        const QGraphicsObject *item = widget->shownItem();
-        auto *picture = item ? qobject_cast<WidgetPicture *>(item->graphicsEffect()) : nullptr;
-        if (picture && !item->sceneBoundingRect().intersects(shown))
+        WidgetPicture *picture = pictureOf(*widget);
+        if (picture && !widget->shownItem()->sceneBoundingRect().intersects(shown))
             picture->forget();
     }
 }

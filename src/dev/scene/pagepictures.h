@@ -26,6 +26,7 @@ public:
 
 private:
     void giveToAll();
+    void takeFromAll();
     void forgetHidden();
 
     const SceneDocument &m_document;

@@ -18,7 +18,7 @@ void PaintTurns::startFrame(const QRegion &exposed, const QSize &viewSize)
     m_exposed = exposed;
     m_viewPixels = pixels(viewSize);
     m_spent = 0;
-    m_first = qMax(0.0, std::exchange(m_nextFirst, -1));
+    m_first = std::exchange(m_nextFirst, {});
     m_isShortOfMemory = false;
 }
 
@@ -30,10 +30,10 @@ QRect PaintTurns::endFrame()
 
 bool PaintTurns::isDue(double stackingPosition, const QRect &area)
 {
-    const bool isInTurn = stackingPosition >= m_first;
+    const bool isInTurn = !m_first || !(stackingPosition < *m_first);
     if (isInTurn && m_spent < frameNanoseconds)
         return true;
-    if (isInTurn && m_nextFirst < 0)
+    if (isInTurn && !m_nextFirst)
         m_nextFirst = stackingPosition;
     m_waiting |= area;
     return false;

@@ -5,6 +5,8 @@
 
 #include <zpplugin_dev_export.h>
 
+#include <optional>
+
 namespace NARV::DEV {
 
 //! Gives the widgets of a page their turns to paint, so that a frame with many of them takes no
@@ -12,6 +14,7 @@ namespace NARV::DEV {
 class ZPPLUGIN_DEV_EXPORT PaintTurns
 {
 public:
+    //! Of a view that has so many pixels on the screen.
     void startFrame(const QRegion &exposed, const QSize &viewSize);
     //! Returns the area of the widgets whose turn has not come, in pixels of the view.
     QRect endFrame();
@@ -36,8 +39,8 @@ private:
     QRegion m_exposed;
     qint64 m_viewPixels = 0;
     qint64 m_spent = 0;
-    double m_first = 0;      //!< the lowest place whose turn it is
-    double m_nextFirst = -1; //!< where time has run out; negative if it has not
+    std::optional<double> m_first;     //!< the lowest place whose turn it is; none: that of all
+    std::optional<double> m_nextFirst; //!< where time has run out; none if it has not
     QRect m_waiting;
     qint64 m_pixels = 0; //!< of all pictures
     bool m_isShortOfMemory = false;

@@ -258,15 +258,16 @@ void SceneDocument::setFieldValues(const QList<PlacedWidget *> &widgets, const Q
 void SceneDocument::resetFields(const QList<PlacedWidget *> &widgets, const QStringList &fieldIds)
 {
     QList<WidgetState> after;
+    int removed = 0;
     for (const PlacedWidget *widget : widgets) {
         after += widget->state();
-        for (const QString &id : fieldIds) {
-            after.last().values.remove(id);
-            after.last().bindings.remove(id);
-        }
+        for (const QString &id : fieldIds)
+            removed += after.last().values.remove(id) + after.last().bindings.remove(id);
     }
+    if (removed == 0)
+        return;
     const QString title = titleOf(widgets);
-    const bool isOne = fieldIds.size() == 1 && !widgets.isEmpty();
+    const bool isOne = fieldIds.size() == 1;
     changeStates(
         after, isOne
                    ? tr("Reset %1 of %2").arg(widgets.first()->fieldTitle(fieldIds.first()), title)
@@ -277,11 +278,13 @@ void SceneDocument::bind(const QList<PlacedWidget *> &widgets, const QString &fi
                          const QStringList &names)
 {
     QList<WidgetState> after;
+    bool isSame = true;
     for (int i = 0; i < widgets.size(); ++i) {
+        isSame = isSame && widgets[i]->binding(fieldId) == names[i];
         after += widgets[i]->state();
         setOrRemove(after.last().bindings, fieldId, names[i], names[i].isEmpty());
     }
-    if (widgets.isEmpty())
+    if (isSame)
         return;
     const QString field = widgets.first()->fieldTitle(fieldId);
     const QString &name = names.first();
@@ -447,6 +450,8 @@ void SceneDocument::makeWidgets()
 
 void SceneDocument::makePlaceholders()
 {
+    if (m_session.isLoaded()) // what was open before goes on
+        return;
     for (PlacedWidget *widget : qAsConst(m_widgets))
         widget->make(host());
 }

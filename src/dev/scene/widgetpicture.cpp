@@ -43,10 +43,10 @@ static bool isWhole(double pixels)
     return std::abs(pixels - std::round(pixels)) < tolerance;
 }
 
-bool WidgetPicture::isUpToDate(const QTransform &toView) const
+bool WidgetPicture::isUpToDate(const QTransform &toScreen) const
 {
-    return !m_isOutdated && !m_image.isNull() && isSameShape(m_place, toView) &&
-           isWhole(toView.dx() - m_place.dx()) && isWhole(toView.dy() - m_place.dy());
+    return !m_isOutdated && !m_image.isNull() && isSameShape(m_place, toScreen) &&
+           isWhole(toScreen.dx() - m_place.dx()) && isWhole(toScreen.dy() - m_place.dy());
 }
 
 // Children and items that ask for it paint no more than is exposed.
@@ -57,18 +57,22 @@ bool WidgetPicture::canBePainted(const QRect &area) const
     return !paintsInParts || m_turns->isExposed(area);
 }
 
-void WidgetPicture::draw(QPainter *painter)
+//! In whole pixels, with room for a smooth edge.
+static QRect pixelsIn(const QRectF &area)
 {
     static const int smoothEdge = 1;
-    const QTransform &toView = painter->worldTransform();
-    const QRect area = toView.mapRect(sourceBoundingRect())
-                           .toAlignedRect()
-                           .adjusted(-smoothEdge, -smoothEdge, smoothEdge, smoothEdge);
+    return area.toAlignedRect().adjusted(-smoothEdge, -smoothEdge, smoothEdge, smoothEdge);
+}
+
+void WidgetPicture::draw(QPainter *painter)
+{
+    const QRect area = pixelsIn(painter->worldTransform().mapRect(sourceBoundingRect()));
     if (!m_turns->isFrame() || !canBePainted(area)) {
         drawSource(painter);
         return;
     }
-    if (!isUpToDate(toView) && m_turns->isDue(m_item.zValue(), area) && !paint(*painter, area)) {
+    if (!isUpToDate(painter->deviceTransform()) && m_turns->isDue(m_item.zValue(), area) &&
+        !paint(*painter)) {
         forget();
         drawSource(painter);
         return;
@@ -98,28 +102,31 @@ static void copyDefaults(const QPainter &from, QPainter &to)
 }
 
 //! False if the picture takes too much memory.
-bool WidgetPicture::paint(const QPainter &painter, const QRect &area)
+bool WidgetPicture::paint(const QPainter &painter)
 {
-    const double ratio = painter.device()->devicePixelRatioF();
-    const QSize size = (QSizeF(area.size()) * ratio).toSize();
-    if (!m_turns->exchange(m_image.size(), size))
+    const QTransform &toScreen = painter.deviceTransform();
+    const QRect area = pixelsIn(toScreen.mapRect(sourceBoundingRect()));
+    if (!m_turns->exchange(m_image.size(), area.size()))
         return false;
     QElapsedTimer timer;
     timer.start();
-    if (m_image.size() != size)
-        m_image = QImage(size, QImage::Format_ARGB32_Premultiplied);
+    if (m_image.size() != area.size())
+        m_image = QImage(area.size(), QImage::Format_ARGB32_Premultiplied);
     copyResolution(*painter.device(), m_image);
     m_image.fill(Qt::transparent);
     m_corner = area.topLeft();
-    m_place = painter.worldTransform();
+    m_place = toScreen;
     m_isOutdated = false;
     QPainter picturePainter(&m_image);
     copyDefaults(painter, picturePainter);
-    picturePainter.setWorldTransform(m_place * QTransform::fromTranslate(-area.x(), -area.y()));
+    const double unit = 1 / m_image.devicePixelRatioF();
+    picturePainter.setWorldTransform(m_place * QTransform::fromTranslate(-area.x(), -area.y()) *
+                                     QTransform::fromScale(unit, unit));
     try {
         drawSource(&picturePainter);
     } catch (...) { // the toolkit has saved the state and comes no further
         picturePainter.restore();
+        m_isOutdated = true;
         throw;
     }
     m_turns->spend(timer.nsecsElapsed());
@@ -129,14 +136,16 @@ bool WidgetPicture::paint(const QPainter &painter, const QRect &area)
 // The opacity is in the picture already.
 void WidgetPicture::show(QPainter &painter) const
 {
-    const QTransform toView = painter.worldTransform();
-    const bool isShift = isSameShape(m_place, toView);
+    const QTransform toScreen = painter.deviceTransform();
+    const QTransform moved =
+        isSameShape(m_place, toScreen)
+            ? QTransform::fromTranslate(toScreen.dx() - m_place.dx(), toScreen.dy() - m_place.dy())
+            : m_place.inverted() * toScreen;
     painter.save();
-    painter.setWorldTransform(
-        isShift ? QTransform::fromTranslate(toView.dx() - m_place.dx(), toView.dy() - m_place.dy())
-                : m_place.inverted() * toView);
+    painter.resetTransform();
+    painter.setWorldTransform(moved * painter.deviceTransform().inverted());
     painter.setOpacity(1);
-    painter.drawImage(m_corner, m_image);
+    painter.drawImage(QRect(m_corner, m_image.size()), m_image);
     painter.restore();
 }
 

@@ -31,16 +31,16 @@ protected:
     void sourceChanged(ChangeFlags flags) override;
 
 private:
-    bool isUpToDate(const QTransform &toView) const;
+    bool isUpToDate(const QTransform &toScreen) const;
     bool canBePainted(const QRect &area) const;
-    bool paint(const QPainter &painter, const QRect &area);
+    bool paint(const QPainter &painter);
     void show(QPainter &painter) const;
 
     const QGraphicsItem &m_item;
     std::shared_ptr<PaintTurns> m_turns;
     QImage m_image;
-    QPoint m_corner;    //!< of the picture, where it was painted
-    QTransform m_place; //!< from the item to the view, when it was painted
+    QPoint m_corner;    //!< of the picture, where it was painted, in pixels of the screen
+    QTransform m_place; //!< from the item to these pixels, when it was painted
     bool m_isOutdated = false;
 };
 

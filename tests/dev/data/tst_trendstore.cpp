@@ -189,6 +189,13 @@ void tst_TrendStore::filesAreShared()
     QTRY_VERIFY(data.tags().problem(0).contains(u("no such file")));
     QVERIFY(write("4\n"));
     QTRY_COMPARE(data.tagValue(u("a")), QVariant(4.0));
+    // Also when those who wanted its texts have gone.
+    data.tags().series(u("t.csv"), CsvValues::Texts);
+    data.tags().series(u("other.csv"), CsvValues::Texts);
+    QFile file(folder.filePath(u("t.csv")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("6\n") > 0);
+    file.close();
+    QTRY_COMPARE(data.tagValue(u("a")), QVariant(6.0));
 }
 
 void tst_TrendStore::editsAreChecked()

@@ -276,6 +276,10 @@ void tst_PropertyEditors::theWidgetWritesMeanwhile()
     panel.source.write(u("text"), u("again")); // nothing is typed yet
     panel.press("Return");
     QCOMPARE(panel.text("text"), u("again"));
+    panel.press("F2");
+    panel.source.write(u("text"), u("last"));
+    panel.press("Esc"); // gives up what was typed, and nothing was
+    QCOMPARE(panel.text("text"), u("last"));
 }
 
 void tst_PropertyEditors::linesBeginAtTheFirst()

@@ -117,6 +117,13 @@ void tst_PageView::selectingAndMoving()
     QVERIFY(document.selection().isEmpty());
     document.undoStack().setIndex(steps);
     QCOMPARE(first.state().position, from);
+    // To give up a drag that was undone undoes nothing more.
+    QTest::mousePress(m_bench->view.viewport(), Qt::LeftButton, {}, at({200, 200}));
+    QMouseEvent move(QEvent::MouseMove, at({250, 200}), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(m_bench->view.viewport(), &move);
+    document.undoStack().undo();
+    QTest::keyClick(&m_bench->view, Qt::Key_Escape);
+    QCOMPARE(document.undoStack().index(), steps);
 }
 
 void tst_PageView::resizingAndRotating()
@@ -179,6 +186,19 @@ void tst_PageView::rubberBand()
     m_bench->document.select({});
     drag(at({5, 5}), at({250, 650}));
     QCOMPARE(m_bench->document.selection(), QList<PlacedWidget *>({&first, &third}));
+    // A widget goes while the band is drawn.
+    for (const auto extending : {Qt::NoModifier, Qt::ControlModifier}) {
+        QWidget *target = m_bench->view.viewport();
+        QTest::mousePress(target, Qt::LeftButton, extending, at({400, 5}));
+        m_bench->document.undoStack().undo();
+        QMouseEvent move(QEvent::MouseMove, at({300, 50}), Qt::NoButton, Qt::LeftButton, extending);
+        QCoreApplication::sendEvent(target, &move);
+        QTest::keyClick(&m_bench->view, Qt::Key_Escape);
+        QCOMPARE(m_bench->document.selection(), QList<PlacedWidget *>({&first}));
+        QTest::mouseRelease(target, Qt::LeftButton, {}, at({300, 50}));
+        m_bench->document.undoStack().redo();
+        m_bench->document.select({&first, m_bench->document.widgets().last()});
+    }
 }
 
 void tst_PageView::keyboard()
@@ -272,7 +292,7 @@ void tst_PageView::turnsToPaint()
 //! No channel of any pixel differs by more than what the smoothing of edges does.
 static bool isAlike(const QImage &a, const QImage &b)
 {
-    static constexpr int smoothing = 32;
+    static constexpr int smoothing = 48;
     const QImage one = a.convertToFormat(QImage::Format_RGB32);
     const QImage other = b.convertToFormat(QImage::Format_RGB32);
     return std::equal(one.constBits(), one.constBits() + one.sizeInBytes(), other.constBits(),
@@ -299,13 +319,19 @@ void tst_PageView::manyWidgets()
     document.select({});
     PlacedWidget &widget = *document.widgets()[50];
     const auto screen = [&view] {
-        const QRect area(view.viewport()->mapTo(view.window(), QPoint()), view.viewport()->size());
+        const double ratio = view.devicePixelRatioF();
+        const QRect area(view.viewport()->mapTo(view.window(), QPoint()) * ratio,
+                         view.viewport()->size() * ratio);
         return static_cast<QImage *>(view.backingStore()->paintDevice())->copy(area);
     };
     const std::function<void()> changes[] = {
         [] {},
         [&] { view.setZoom(0.7); },
         [&] { document.setFieldValue(widget, u("value"), 80.0); },
+        [&] {
+            widget.shownItem()->setZValue(-1); // as its own code may do
+            document.setFieldValue(widget, u("value"), 20.0);
+        },
         [&] {
             document.setGeometry(widget, {100.5, 30.2}, {120, 90}, 0);
         },
@@ -322,6 +348,10 @@ void tst_PageView::manyWidgets()
         QVERIFY(!isAlike(screen(), before));
         before = screen();
     }
+    QVERIFY(widget.shownItem()->graphicsEffect());
+    document.remove(document.widgets().mid(60));
+    view.setZoom(1);
+    QTRY_VERIFY(!widget.shownItem()->graphicsEffect());
 }
 
 // Clicks select nothing, and the simulated fingers reach the widget as gestures.

@@ -107,6 +107,8 @@ void tst_SceneDocument::fieldWritesMerge()
     QVERIFY(widget.isFieldChanged(u("value")));
     document.setFieldValue(widget, u("value"), 12.0);
     document.setFieldValue(widget, u("maximum"), 50.0);
+    document.resetFields({&widget}, {u("minimum")});
+    document.bind(widget, u("minimum"), {});
     QCOMPARE(document.undoStack().count(), steps + 2);
     document.resetFields({&widget}, {u("value"), u("maximum")});
     QCOMPARE(widget.fieldValue(u("value")), start);
@@ -190,6 +192,9 @@ void tst_SceneDocument::modeAndReloadKeepValues()
     takeLog();
     QVERIFY(widget.item());
     QCOMPARE(widget.fieldValue(u("value")), QVariant(42.0));
+    before = widget.item();
+    QVERIFY(!m_bench->session.open(u("missing.so")));
+    QVERIFY(before && widget.item() == before); // it knows nothing of that
     m_bench->session.close();
     QVERIFY(!widget.item() && widget.shownItem());
     QCOMPARE(widget.state().values.value(u("value")), QVariant(42.0));
