@@ -107,6 +107,8 @@ void RecordPanel::buildTable()
     };
     connect(m_model, &QAbstractItemModel::rowsInserted, this, follow);
     connect(m_model, &QAbstractItemModel::modelReset, this, follow);
+    // Also what came while the panel was hidden, and when the table becomes lower.
+    connect(m_table->verticalScrollBar(), &QScrollBar::rangeChanged, this, follow);
 }
 
 void RecordPanel::buildActions()

@@ -133,6 +133,7 @@ void AlarmEditor::chooseColor(QMap<AlarmInfo::State, QColor> AlarmInfoData::*col
     const auto state = AlarmInfo::State(m_state->currentIndex());
     auto *dialog = new QColorDialog((m_alarm.info.*colors).value(state), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Colour in this state"));
     dialog->setOption(QColorDialog::ShowAlphaChannel);
     connect(dialog, &QColorDialog::colorSelected, this,
             [this, colors](const QColor &color) { setColor(colors, color); });

@@ -19,13 +19,16 @@ static const struct
 {
     const char *name;
     const char *text;
+    int key;
     AlarmAction action;
 } actionButtons[] = {
-    {"alarm", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Raise"), AlarmAction::Raise},
-    {"clear", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Clear"), AlarmAction::Clear},
-    {"acknowledge", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Acknowledge"),
+    {"alarm", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Raise"), Qt::Key_F8, AlarmAction::Raise},
+    {"clear", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Clear"), Qt::SHIFT + Qt::Key_F8,
+     AlarmAction::Clear},
+    {"acknowledge", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Acknowledge"), Qt::Key_F9,
      AlarmAction::Acknowledge},
-    {"reset", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Reset"), AlarmAction::Reset}};
+    {"reset", QT_TRANSLATE_NOOP("NARV::DEV::AlarmsPanel", "Reset"), Qt::SHIFT + Qt::Key_F9,
+     AlarmAction::Reset}};
 
 AlarmsPanel::AlarmsPanel(TestData &testData)
     : DataPanel(testData, testData.alarms(), QStringLiteral("alarms"), tr("Alarms"))
@@ -57,8 +60,10 @@ AlarmsPanel::~AlarmsPanel() = default;
 void AlarmsPanel::addActionButtons()
 {
     for (const auto &entry : actionButtons)
-        addButton(QLatin1String(entry.name), tr(entry.text),
-                  [this, action = entry.action] { m_data.alarms().apply(currentRow(), action); });
+        addButton(
+            QLatin1String(entry.name), tr(entry.text),
+            [this, action = entry.action] { m_data.alarms().apply(currentRow(), action); },
+            entry.key);
     button(QStringLiteral("alarm"))->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addMenu();
 }
@@ -67,15 +72,17 @@ void AlarmsPanel::addMenu()
 {
     auto *more = addButton(QStringLiteral("more"), tr("More"), [] {});
     auto *menu = new QMenu(more);
-    menu->addAction(tr("Acknowledge &all"), this, [this] { m_data.alarms().acknowledgeAll(); });
-    menu->addAction(tr("&Reset all"), this, [this] { m_data.alarms().resetAll(); });
+    menu->addAction(benchIcon(QStringLiteral("acknowledge")), tr("Acknowledge &all"), this,
+                    [this] { m_data.alarms().acknowledgeAll(); });
+    menu->addAction(benchIcon(QStringLiteral("reset")), tr("&Reset all"), this,
+                    [this] { m_data.alarms().resetAll(); });
     menu->addAction(tr("&Switch off or on"), this, [this] { toggleEnabled(); });
     QAction *duplicate = menu->addAction(benchIcon(QStringLiteral("duplicate")), tr("&Duplicate"),
                                          this, [this] { duplicateAlarm(); });
     duplicate->setShortcut(Qt::CTRL + Qt::Key_D);
     duplicate->setShortcutContext(Qt::WidgetShortcut);
     table().addAction(duplicate);
-    more->setMenu(menu);
+    more->defaultAction()->setMenu(menu);
     more->setPopupMode(QToolButton::InstantPopup);
 }
 
@@ -104,9 +111,8 @@ void AlarmsPanel::showCurrent()
 {
     const int row = currentRow();
     for (const auto &entry : actionButtons)
-        button(QLatin1String(entry.name))
-            ->setEnabled(row >= 0 && m_data.alarms().isPossible(row, entry.action));
-    button(QStringLiteral("remove"))->setEnabled(row >= 0);
+        allow(entry.name, row >= 0 && m_data.alarms().isPossible(row, entry.action));
+    allow("remove", row >= 0);
     m_editor->setVisible(row >= 0);
     if (row >= 0)
         m_editor->show(m_data.alarms().alarm(row));

@@ -4,11 +4,11 @@
 #include "data/testdata.h"
 #include "window/icons.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QSplitter>
 #include <QTableView>
@@ -120,6 +120,7 @@ void DataPanel::buildTable(QAbstractItemModel &model, const QString &title)
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setTabKeyNavigation(false);
+    m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
     m_table->setWordWrap(false);
     m_table->setAlternatingRowColors(true);
     m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -172,23 +173,28 @@ void DataPanel::setCurrentRow(int row)
 QToolButton *DataPanel::addButton(const QString &name, const QString &text,
                                   const std::function<void()> &act, const QKeySequence &key)
 {
-    auto *button = new QToolButton;
-    button->setObjectName(objectName() + QLatin1Char('.') + name);
-    button->setIcon(benchIcon(name));
-    button->setText(text);
-    button->setAccessibleName(text);
-    button->setToolTip(key.isEmpty() ? text
+    auto *action = new QAction(benchIcon(name), text, m_table);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    action->setToolTip(key.isEmpty() ? text
                                      : QStringLiteral("%1 (%2)").arg(
                                            text, key.toString(QKeySequence::NativeText)));
+    connect(action, &QAction::triggered, this, [this, act] { m_data.edit(act); });
+    m_table->addAction(action);
+    auto *button = new QToolButton;
+    button->setObjectName(objectName() + QLatin1Char('.') + name);
+    button->setDefaultAction(action);
+    button->setAccessibleName(text);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
-    connect(button, &QToolButton::clicked, this, [this, act] { m_data.edit(act); });
-    if (!key.isEmpty())
-        connect(new QShortcut(key, m_table, nullptr, nullptr, Qt::WidgetShortcut),
-                &QShortcut::activated, button, &QToolButton::click);
     m_buttons.insert(name, button);
     m_bar->addWidget(button);
     return button;
+}
+
+void DataPanel::allow(const char *button, bool isAllowed)
+{
+    m_buttons.value(QLatin1String(button))->defaultAction()->setEnabled(isAllowed);
 }
 
 void DataPanel::addGap()

@@ -38,10 +38,11 @@ protected:
     ~DataPanel() override;
 
     QTableView &table() { return *m_table; }
-    //! Its name is that of its icon.
+    //! Also in the menu of the table, where the key is pressed. Its name is that of its icon.
     QToolButton *addButton(const QString &name, const QString &text,
                            const std::function<void()> &act, const QKeySequence &key = {});
     QToolButton *button(const QString &name) const { return m_buttons.value(name); }
+    void allow(const char *button, bool isAllowed);
     void addGap();
     //! What belongs to the current row; the panel owns it.
     void setDetails(QWidget *details);

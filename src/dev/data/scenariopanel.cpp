@@ -114,9 +114,8 @@ void ScenarioPanel::run()
     const bool isForOne = scenario.isForTags && m_tags->currentIndex() > 0;
     const QStringList tags = isForOne ? QStringList{m_tags->currentText()} : QStringList();
     const int count = scenario.run(m_data, tags);
-    const QString touched =
-        scenario.isForTags ? tr("%n tag(s)", nullptr, count) : tr("%n alarm(s)", nullptr, count);
-    m_description->setText(count > 0 ? tr("%1: done to %2.").arg(scenario.title(), touched)
+    const QString touched = scenario.isForTags ? tr("%1 (tags: %2)") : tr("%1 (alarms: %2)");
+    m_description->setText(count > 0 ? touched.arg(scenario.title()).arg(count)
                                      : tr("%1: there is nothing it is for.").arg(scenario.title()));
 }
 

@@ -44,7 +44,9 @@ void TagsPanel::addButtons()
         [this] { setCurrentRow(m_data.tags().duplicate(currentRow())); }, Qt::CTRL + Qt::Key_D);
     addButton(
         QStringLiteral("remove"), tr("Remove tag"), [this] { removeTag(); }, QKeySequence::Delete);
-    addButton(QStringLiteral("trend"), tr("Record a trend of the tag"), [this] { recordTrend(); });
+    addButton(
+        QStringLiteral("trend"), tr("Record a trend of the tag"), [this] { recordTrend(); },
+        Qt::CTRL + Qt::Key_T);
     addGap();
 }
 
@@ -78,7 +80,7 @@ void TagsPanel::showCurrent()
 {
     const int row = currentRow();
     for (const char *name : {"duplicate", "remove", "trend"})
-        button(QLatin1String(name))->setEnabled(row >= 0);
+        allow(name, row >= 0);
     m_details->setVisible(row >= 0);
     if (row < 0)
         return;

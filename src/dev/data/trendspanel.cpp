@@ -33,12 +33,15 @@ void TrendsPanel::addButtons()
     QToolButton *add = addButton(
         QStringLiteral("add"), tr("Add trend"), [this] { addOfTag(); }, Qt::Key_Insert);
     add->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    addButton(QStringLiteral("open"), tr("Add a trend from a CSV file"), [this] { addOfFile(); });
+    addButton(
+        QStringLiteral("open"), tr("Add a trend from a CSV file"), [this] { addOfFile(); },
+        Qt::SHIFT + Qt::Key_Insert);
     addButton(
         QStringLiteral("remove"), tr("Remove trend"), [this] { removeTrend(); },
         QKeySequence::Delete);
-    addButton(QStringLiteral("clear"), tr("Forget what was recorded"),
-              [this] { m_data.trends().clear(currentRow()); });
+    addButton(
+        QStringLiteral("clear"), tr("Forget what was recorded"),
+        [this] { m_data.trends().clear(currentRow()); }, Qt::SHIFT + Qt::Key_Delete);
     addGap();
 }
 
@@ -46,7 +49,7 @@ void TrendsPanel::showCurrent()
 {
     const int row = currentRow();
     for (const char *name : {"remove", "clear"})
-        button(QLatin1String(name))->setEnabled(row >= 0);
+        allow(name, row >= 0);
     m_plot->setVisible(row >= 0);
     if (row < 0 || !m_plot->isVisible())
         return;

@@ -62,6 +62,7 @@ void ColorEditor::openDialog()
 {
     if (!m_dialog) {
         m_dialog = new QColorDialog(this);
+        m_dialog->setWindowTitle(tr("Colour"));
         m_dialog->setOption(QColorDialog::ShowAlphaChannel);
         m_dialog->setModal(false);
         connect(m_dialog, &QColorDialog::currentColorChanged, this, [this](const QColor &color) {

@@ -118,8 +118,14 @@ QWidget *PropertyPanel::makeTools()
     hidden->setObjectName(QStringLiteral("showHidden"));
     secret->setObjectName(QStringLiteral("showPrivate"));
     reset->setObjectName(QStringLiteral("resetAll"));
-    for (QToolButton *button : {hidden, secret, reset})
+    QWidget *last = m_search;
+    for (QToolButton *button : {hidden, secret, reset}) {
         layout->addWidget(button);
+        setTabOrder(last, button);
+        last = button;
+    }
+    setTabOrder(last, m_view);
+    setTabOrder(m_view, m_infoArea);
     connect(m_search, &QLineEdit::textChanged, &m_filter, &PropertyFilter::setWords);
     connect(hidden, &QToolButton::toggled, &m_filter, &PropertyFilter::setShowHidden);
     connect(secret, &QToolButton::toggled, &m_model, &PropertyModel::setShowPrivate);
@@ -130,7 +136,7 @@ QWidget *PropertyPanel::makeTools()
 QWidget *PropertyPanel::makeEmptyState()
 {
     auto *label = new QLabel(tr("Select a widget on the page to see and change its fields.\n\n"
-                                "To place one, double-click it in the palette."),
+                                "To place one, double-click it in the panel “Widgets”."),
                              this);
     label->setObjectName(QStringLiteral("propertyEmptyState"));
     label->setWordWrap(true);

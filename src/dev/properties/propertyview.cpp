@@ -217,6 +217,16 @@ bool PropertyView::event(QEvent *event)
     return QTreeView::event(event);
 }
 
+//! Who comes by key sees where he is: at the first field, below the name of its group.
+void PropertyView::focusInEvent(QFocusEvent *event)
+{
+    const bool isFirst = !currentIndex().isValid() && event->reason() != Qt::MouseFocusReason;
+    QTreeView::focusInEvent(event);
+    const QModelIndex first = indexBelow(model()->index(0, 0));
+    if (isFirst && first.isValid())
+        setCurrentIndex(first);
+}
+
 void PropertyView::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -111,7 +111,7 @@ static const ActionEntry viewEntries[] = {
     {"zoom-original", TEXT("&100 %"), "Ctrl+8", [](P &d, bool) { d.view->setZoom(1); }},
     separator,
     {"page", TEXT("&Page size"), "", nullptr},
-    {"background", TEXT("&Background colour…"), "", [](P &d, bool) { d.chooseBackground(); }},
+    {"background", TEXT("&Background colour…"), "Ctrl+B", [](P &d, bool) { d.chooseBackground(); }},
     {"checker", TEXT("&Checkerboard"), "Ctrl+K",
      [](P &d, bool isOn) {
          Page page = d.document.page();

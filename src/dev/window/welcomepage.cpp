@@ -59,7 +59,7 @@ WelcomePage::WelcomePage(QWidget *parent)
     column->addWidget(newLabel(tr("Try out a widget library"), 1.6, true));
     column->addWidget(newLabel(
         tr("Open a plugin, or drop its folder or library here. Then:\n"
-           "1.  Double-click a widget in the palette to place it on the page.\n"
+           "1.  Double-click a widget in the panel “Widgets” to place it on the page.\n"
            "2.  Change its fields on the right; bind them to tags, which move on their own.\n"
            "3.  Press F5 to run the page, raise an alarm and touch the widgets."),
         1, false));

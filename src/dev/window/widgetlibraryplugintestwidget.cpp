@@ -7,9 +7,12 @@
 #include "window/icons.h"
 #include "window/widgetlibraryplugintestwidget_p.h"
 
+#include <QApplication>
+#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QMainWindow>
 #include <QMimeData>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -233,6 +236,34 @@ void WidgetLibraryPluginTestWidget::closeEvent(QCloseEvent *event)
     d->saveLayout();
     d->keeper.keepUnsaved();
     QWidget::closeEvent(event);
+}
+
+static bool isBehindTab(const QWidget *widget)
+{
+    while (widget && !qobject_cast<const QDockWidget *>(widget))
+        widget = widget->parentWidget();
+    return widget && widget->visibleRegion().isEmpty();
+}
+
+static void scrollTo(QWidget *widget)
+{
+    for (QWidget *parent = widget; parent; parent = parent->parentWidget()) {
+        if (auto *area = qobject_cast<QScrollArea *>(parent))
+            area->ensureWidgetVisible(widget);
+    }
+}
+
+// The panels behind the tabs of others are somewhere beyond the window, where nobody sees the
+// focus.
+bool WidgetLibraryPluginTestWidget::focusNextPrevChild(bool next)
+{
+    const QWidget *first = QApplication::focusWidget();
+    bool isMoved = QWidget::focusNextPrevChild(next);
+    while (isMoved && QApplication::focusWidget() != first &&
+           isBehindTab(QApplication::focusWidget()))
+        isMoved = QWidget::focusNextPrevChild(next);
+    scrollTo(QApplication::focusWidget());
+    return isMoved;
 }
 
 //! Who drags a file does not give it away.

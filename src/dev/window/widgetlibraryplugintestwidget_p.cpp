@@ -13,6 +13,7 @@
 #include "window/actiontable.h"
 #include "window/menutext.h"
 #include "window/messagebar.h"
+#include "window/undokeys.h"
 #include "window/welcomepage.h"
 #include "window/widgetlibraryplugintestwidget.h"
 
@@ -41,6 +42,8 @@ namespace NARV::DEV {
 
 using Private = WidgetLibraryPluginTestWidgetPrivate;
 
+static constexpr int loadedTime = 5000;
+
 static QString tr(const char *text)
 {
     return WidgetLibraryPluginTestWidget::tr(text);
@@ -61,6 +64,7 @@ Private::WidgetLibraryPluginTestWidgetPrivate(WidgetLibraryPluginTestWidget *q)
     data.loadDefaults();
     document.setUnmodified();
     buildFrame();
+    new UndoKeys(q);
     connectParts();
     showTitle();
     updateActions();
@@ -82,6 +86,9 @@ void Private::connectParts()
         if (recent)
             recent->add(session.path(), libraryName());
         showOutcome();
+        const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
+        frame->statusBar()->showMessage(
+            tr("%1 was loaded at %2").arg(withoutShortcut(libraryName()), time), loadedTime);
         Q_EMIT q_ptr->pluginLoaded();
     });
     connect(&session, &PluginSession::failed, this, &Private::showFailure);
@@ -492,6 +499,7 @@ void Private::chooseBackground()
 {
     auto *dialog = new QColorDialog(document.page().background, q_ptr);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Background colour"));
     dialog->setOption(QColorDialog::ShowAlphaChannel);
     connect(dialog, &QColorDialog::colorSelected, this, [this](const QColor &color) {
         Page page = document.page();

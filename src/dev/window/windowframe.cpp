@@ -110,11 +110,14 @@ static QWidget *mainControl(QWidget *panel)
 void Private::addGoTo(QDockWidget *dock)
 {
     const int number = frame->findChildren<QDockWidget *>().size();
-    auto *shortcut = new QShortcut(QKeySequence(Qt::ALT + Qt::Key_0 + number), frame);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, dock, [dock] {
+    auto *goTo = new QAction(dock);
+    goTo->setShortcut(Qt::ALT + Qt::Key_0 + number);
+    goTo->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    frame->addAction(goTo);
+    connect(goTo, &QAction::triggered, dock, [dock] {
         dock->show();
         dock->raise();
+        dock->activateWindow();
         mainControl(dock->widget())->setFocus(Qt::ShortcutFocusReason);
     });
 }
@@ -139,6 +142,8 @@ void Private::buildDocks()
     addTab("console", tr("Log"), new ConsolePanel(relay));
     addTab("events", tr("Events"), new EventsPanel(events));
     tags->raise();
+    for (auto *dock : frame->findChildren<QDockWidget *>())
+        dock->addActions(frame->actions()); // a panel that floats is a window of its own
     frame->resizeDocks({frame->findChild<QDockWidget *>(QStringLiteral("palette")),
                         frame->findChild<QDockWidget *>(QStringLiteral("properties"))},
                        {240, 340}, Qt::Horizontal);

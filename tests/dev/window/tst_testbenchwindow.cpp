@@ -24,6 +24,8 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QSpinBox>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -69,6 +71,7 @@ private Q_SLOTS:
     void cleanup();
     void firstMinute();
     void keysBelongToWhatHasTheFocus();
+    void undoReachesThePageFromABox();
     void tabLeadsThroughTheWindow();
     void failedLoad();
     void drops_data() { addRows(dropRows); }
@@ -158,6 +161,7 @@ void tst_TestBenchWindow::selectProperty(const char *field)
     QTest::keyClicks(&search, u(field));
     press("Down");
     QCOMPARE(QApplication::focusWidget(), &tree);
+    QVERIFY(tree.selectionModel()->isSelected(tree.currentIndex()));
     for (int i = 0; i < 20 && tree.currentIndex().data(PropertyModel::IdRole) != u(field); ++i)
         press("Down");
     QCOMPARE(tree.currentIndex().data(PropertyModel::IdRole).toString(), u(field));
@@ -258,9 +262,47 @@ void tst_TestBenchWindow::keysBelongToWhatHasTheFocus()
     QCOMPARE(m_bench->widgetNames().size(), 2);
     press("Del");
     QCOMPARE(m_bench->widgetNames().size(), 1);
+
+    auto &dock = part<QDockWidget>("tag"); // a window of its own has the keys of the bench
+    dock.setFloating(true);
+    dock.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dock));
+    tags.setFocus();
+    press("F5");
+    QVERIFY(m_bench->isRuntimeMode());
+    press("Alt+1");
+    QTRY_COMPARE(QApplication::activeWindow(), m_bench.get());
+    QVERIFY(part<QWidget>("palettePanel").isAncestorOf(QApplication::focusWidget()));
 }
 
-// With the property panel empty and full.
+// What is being typed is taken back in the box, what was taken over on the page.
+void tst_TestBenchWindow::undoReachesThePageFromABox()
+{
+    m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
+    auto &period = part<QSpinBox>("generator.period");
+    period.setFocus();
+    const int before = period.value();
+    press("Up");
+    QVERIFY(period.value() > before);
+    press("Ctrl+Z");
+    QCOMPARE(period.value(), before);
+    press("Ctrl+Shift+Z");
+    QVERIFY(period.value() > before);
+    period.selectAll();
+    typeInto(u("777"));
+    QTest::qWait(1);
+    QTest::keyClicks(&period, u("12"));
+    press("Ctrl+Z");
+    QCOMPARE(period.value(), 777);
+    press("Return");
+    QTest::qWait(1);
+    press("Ctrl+Z");
+    QVERIFY(period.value() != 777);
+    press("Ctrl+Z");
+    QCOMPARE(period.value(), before);
+}
+
+// With the property panel empty and full; not behind the tabs of the panels.
 void tst_TestBenchWindow::tabLeadsThroughTheWindow()
 {
     m_bench->openPlugin(QStringLiteral(GALLERY_LIBRARY));
@@ -272,6 +314,8 @@ void tst_TestBenchWindow::tabLeadsThroughTheWindow()
         for (int i = 0; i < 200 && !(meetsTags && words.hasFocus()); ++i) {
             press("Tab");
             meetsTags |= tags.hasFocus();
+            QVERIFY2(!QApplication::focusWidget()->visibleRegion().isEmpty(),
+                     qPrintable(QApplication::focusWidget()->objectName()));
         }
         QVERIFY(meetsTags && words.hasFocus());
         m_bench->placeWidget(u("lamp"), {}, {100, 100});
@@ -365,6 +409,7 @@ void tst_TestBenchWindow::reloadKeepsThePage()
     QSignalSpy notices(m_bench.get(), &Bench::notice);
     replace(QStringLiteral(BUILD_2), library);
     QTRY_COMPARE_WITH_TIMEOUT(loaded.count(), 1, 10000);
+    QVERIFY(part<QStatusBar>("").currentMessage().contains(u("was loaded at")));
     QCOMPARE(page.zoom(), 1.5);
     QCOMPARE(m_bench->widgetGeometry(name), QRectF(20, 30, 40, 50));
     QTRY_COMPARE(m_bench->fieldValue(name, u("level")), QVariant(7.0));
@@ -460,6 +505,11 @@ void tst_TestBenchWindow::everythingHasANameAndAnIcon()
             QVERIFY2(keys.isEmpty() || !shortcuts.contains(keys), qPrintable(keys));
             shortcuts.insert(keys);
         }
+    }
+    for (const char *table : {"tagsTable", "trendsTable", "alarmsTable"}) {
+        for (const QAction *entry : part<QTableView>(table).actions())
+            QVERIFY2(!entry->icon().isNull() && (entry->menu() || !entry->shortcut().isEmpty()),
+                     qPrintable(entry->text()));
     }
     for (QWidget *widget : m_bench->findChildren<QWidget *>()) {
         // A label's text is its name; the rest is inside the toolkit's controls.
