@@ -71,7 +71,7 @@ static const struct
     const char *words;  // that are among the failure's
     const char *advice; // that is in the failure's
 } failureRows[] = {
-    {"missing", Reading, Kind::Missing, 0, "missing.so", "missing.so", "as soon as the file"},
+    {"missing", Reading, Kind::Missing, 0, "missing.so", "missing.so", "has been moved to"},
     {"no library", Reading, Kind::NoLibrary, 0, "empty", "Looked for ", "for this machine"},
     {"text", Reading, Kind::NoUsableFile, 0, "text.so", "no library", "no library"},
     {"cut off", Reading, Kind::NoUsableFile, 0, "cut.so", "cut off", "not written to its end"},

@@ -87,7 +87,7 @@ void FailureCard::setFailure(const LoadFailure &failure, const QString &backText
     m_path->setToolTip(failure.path);
     m_words->setPlainText(failure.words.join(QLatin1Char('\n')));
     m_words->setVisible(!failure.words.isEmpty());
-    m_advice->setText(failure.advice);
+    m_advice->setText((failure.advice + QLatin1Char(' ') + failure.outlook).trimmed());
     m_anyway->setVisible(failure.mayTry);
     elidePath();
 }

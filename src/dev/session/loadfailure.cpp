@@ -9,14 +9,16 @@ using Kind = LoadFailure::Kind;
 static const struct
 {
     Kind kind;
-    const char *advice; // %1: the path
+    const char *advice;
+    const char *outlook = nullptr;
 } advices[] = {
-    {Kind::Missing, QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure",
-                                      "Build the plugin, or open it where it has been moved to. It "
-                                      "is opened as soon as the file is there.")},
-    {Kind::NoLibrary, QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure",
-                                        "Build the plugin for this machine. It is opened as soon "
-                                        "as the library is there.")},
+    {Kind::Missing,
+     QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure",
+                       "Build the plugin, or open it where it has been moved to."),
+     QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure", "It is opened as soon as the file is there.")},
+    {Kind::NoLibrary,
+     QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure", "Build the plugin for this machine."),
+     QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure", "It is opened as soon as the library is there.")},
     {Kind::NoPluginFolder,
      QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure",
                        "A plugin folder is named by the plugin's id, a UUID. If this folder holds "
@@ -27,7 +29,8 @@ static const struct
     {Kind::NoUsableFile,
      QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure",
                        "Build the library anew: the file is no library, or was not written to its "
-                       "end. It is opened again when it changes.")},
+                       "end."),
+     QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure", "It is opened again when it changes.")},
     {Kind::OtherMachine,
      QT_TRANSLATE_NOOP("NARV::DEV::LoadFailure",
                        "Build the library for the machine on which this program runs; a library "
@@ -85,9 +88,14 @@ LoadFailure LoadFailure::of(Kind kind, const QString &path, const QString &title
     failure.path = path;
     failure.title = title;
     failure.words = words;
+    const auto translated = [](const char *text) {
+        return text ? QCoreApplication::translate("NARV::DEV::LoadFailure", text) : QString();
+    };
     for (const auto &entry : advices) {
-        if (entry.kind == kind)
-            failure.advice = QCoreApplication::translate("NARV::DEV::LoadFailure", entry.advice);
+        if (entry.kind != kind)
+            continue;
+        failure.advice = translated(entry.advice);
+        failure.outlook = translated(entry.outlook);
     }
     return failure;
 }

@@ -41,6 +41,7 @@ struct ZPPLUGIN_DEV_EXPORT LoadFailure
     QString title;       //!< one line
     QStringList words;   //!< what the loader, or the process that tried it, has said
     QString advice;      //!< what to do next
+    QString outlook;     //!< what then happens by itself, while the file is watched; often empty
     bool mayTry = false; //!< it failed in the probe only: openAnyway() loads it in this process
 };
 
