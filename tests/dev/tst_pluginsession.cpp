@@ -15,6 +15,10 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+#ifdef Q_OS_LINUX
+#include <link.h>
+#endif
+
 using namespace NARV::DEV;
 using Kind = LoadFailure::Kind;
 
@@ -99,6 +103,7 @@ private Q_SLOTS:
     void opensGallery();
     void followsTheFile();
     void leavesNoCopies();
+    void falseSectionTable();
     void probeIsAbandoned();
     void failureCard();
     void recentPlugins();
@@ -265,6 +270,27 @@ void tst_PluginSession::leavesNoCopies()
     }
     QCOMPARE(copies(), QStringList());
     takeLog();
+}
+
+// The system loads a library without looking at its sections.
+void tst_PluginSession::falseSectionTable()
+{
+#ifdef Q_OS_LINUX
+    QByteArray library = contentOf(u(BUILD_1));
+    const auto *header = reinterpret_cast<const ElfW(Ehdr) *>(library.constData());
+    auto *section = reinterpret_cast<ElfW(Shdr) *>(library.data() + header->e_shoff);
+    while (section->sh_type != SHT_DYNSYM)
+        ++section;
+    section->sh_offset = ~quint64(0) / 4;
+    write(path("sections.so"), library);
+    PluginSession session;
+    QVERIFY(session.open(path("sections.so")));
+    session.close();
+    QVERIFY(!session.isLoaded());
+    QCOMPARE(takeLog().size(), 1);
+#else
+    QSKIP("libraries are other files here");
+#endif
 }
 
 void tst_PluginSession::probeIsAbandoned()
